@@ -1,0 +1,1 @@
+#include "include/CoreFoundation/CoreFoundation.h"

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "CommonSource/FilterFrame/Source/DocumentReader.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+namespace {
+
+constexpr std::string_view kBeginFeature = "%%BeginFeature:";
+
+// Settings that the printer's PostScript carries on one line, all of a group together.
+constexpr std::string_view kScreenSettings[] = {"TSCR", "GSCR", "ISCR", "TTRC", "GTRC", "ITRC"};
+constexpr std::string_view kColorSettings[] = {"TCPR", "GCPR", "ICPR"};
+
+bool IsLineEnd(char byte) {
+    return byte == '\n' || byte == '\r';
+}
+
+// The start of the line that ends at `end`: behind the line end before it, or `first`.
+const char *LineStart(const char *first, const char *end) {
+    while (end != first && !IsLineEnd(end[-1])) end--;
+    return end;
+}
+
+template <std::size_t count>
+bool HoldsAll(std::string_view line, const std::string_view (&names)[count]) {
+    return std::all_of(names, names + count, [line](std::string_view name) {
+        return memmem(line.data(), line.size(), name.data(), name.size()) != nullptr;
+    });
+}
+
+}  // namespace
+
+void DocumentReader::Open(int file, Mode mode, const LineSearch &search) {
+    search_ = &search;
+    mode_ = mode;
+    file_ = file;
+    lineMayMatter_ = false;
+    hasPending_ = false;
+    begin_ = lineStart_ = scan_ = limit_ = end_ = buffer_ + kRoom;
+    std::memset(buffer_, 0, kRoom);
+}
+
+bool DocumentReader::Next(DocumentPiece &piece) {
+    if (hasPending_) {
+        hasPending_ = false;
+        piece = pending_;
+        return true;
+    }
+    do {
+        DocumentPiece line;
+        if (FindRecognisedLine(line)) {
+            const char *start = line.text.data();
+            const bool afterRun = start != begin_;
+            piece = afterRun ? DocumentPiece{DocumentPiece::kRun,
+                                             {begin_, static_cast<std::size_t>(start - begin_)},
+                                             nullptr}
+                             : line;
+            pending_ = line;
+            hasPending_ = afterRun;
+            begin_ = scan_;
+            return true;
+        }
+        if (TakeRun(piece)) return true;
+    } while (Refill());
+    return false;
+}
+
+int DocumentReader::LastByte() const {
+    return limit_ == end_ ? -1 : static_cast<unsigned char>(*limit_);
+}
+
+// Searches what has arrived for the next recognised line; if there is one, the search has then
+// reached the line behind it, else all that has arrived.
+bool DocumentReader::FindRecognisedLine(DocumentPiece &line) {
+    const LineSearch::Search findLine =
+        mode_ == kFeatures ? search_->findSpecialOrSettingsLine : search_->findSpecialLine;
+    while (scan_ != limit_) {
+        const char *hit = (lineMayMatter_ ? search_->findLineEnd : findLine)(scan_, limit_);
+        if (hit == limit_) break;
+        scan_ = hit + 1;
+        lineMayMatter_ = !IsLineEnd(*hit);
+        if (!lineMayMatter_ && Recognise(hit, line)) {
+            lineStart_ = scan_;
+            return true;
+        }
+    }
+    scan_ = limit_;
+    return false;
+}
+
+bool DocumentReader::Recognise(const char *lineEnd, DocumentPiece &line) const {
+    const char *start = LineStart(lineStart_, lineEnd);
+    const std::size_t length = static_cast<std::size_t>(lineEnd - start);
+    start += length / kLineBufferFull * kLineBufferFull;
+    const std::string_view text(start, static_cast<std::size_t>(lineEnd - start));
+    line = {DocumentPiece::kSpecial, {start, text.size() + 1}, nullptr};
+    if (text.size() <= kLongestSpecialLine) line.special = FindSpecialLine(text);
+    if (line.special) return true;
+    if (mode_ == kPlain) return false;
+    line.kind = DocumentPiece::kFeature;
+    if (text.starts_with(kBeginFeature)) return true;
+    line.kind = DocumentPiece::kSettings;
+    return HoldsAll(text, kScreenSettings) || HoldsAll(text, kColorSettings);
+}
+
+// Takes what the search has passed, but for the line that it is in.
+bool DocumentReader::TakeRun(DocumentPiece &piece) {
+    lineStart_ = LineStart(lineStart_, scan_);
+    lineStart_ += static_cast<std::size_t>(scan_ - lineStart_) / kLineBufferFull * kLineBufferFull;
+    piece = {DocumentPiece::kRun, {begin_, static_cast<std::size_t>(lineStart_ - begin_)}, nullptr};
+    begin_ = lineStart_;
+    return !piece.text.empty();
+}
+
+// Moves the unfinished line in front of the block and reads what has arrived behind it.
+bool DocumentReader::Refill() {
+    const std::size_t rest = static_cast<std::size_t>(end_ - begin_);
+    const std::size_t withheld = static_cast<std::size_t>(end_ - limit_);
+    char *block = buffer_ + kRoom;
+    std::memmove(block - rest, begin_, rest);
+    begin_ = lineStart_ = block - rest;
+    scan_ = limit_ = block - withheld;
+    end_ = block;
+
+    ssize_t count;
+    do {
+        count = read(file_, block, kBlock);
+    } while (count < 0 && errno == EINTR);
+    if (count <= 0) return false;
+    end_ = block + count;
+    limit_ = mode_ == kFeatures ? end_ - 1 : end_;
+    return true;
+}

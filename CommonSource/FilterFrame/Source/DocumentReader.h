@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Reads a document in large blocks and hands it out in place: runs of lines that nothing
+// recognises, as long as they come, and each recognised line by itself. A line ends with a line
+// feed or a carriage return; a CR LF pair is a line and an empty line.
+//
+// A line is recognised as a whole, but one that fills the line buffer (8065 bytes) is passed on and
+// its rest counts as a new line. Nothing waits for a full block: what has arrived is handed out.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "CommonSource/FilterFrame/Source/LineSearch.h"
+#include "CommonSource/FilterFrame/Source/PostScriptLines.h"
+
+// Bytes of a line, without its end, that are passed on before the end is seen.
+constexpr std::size_t kLineBufferFull = 8065;
+
+struct DocumentPiece {
+    enum Kind {
+        kRun,       // whole lines and full line buffers, nothing recognised
+        kSpecial,   // the line `special`
+        kFeature,   // a line that begins with "%%BeginFeature:"
+        kSettings,  // a line with screen or colour-rendering settings
+    };
+    Kind kind;
+    std::string_view text;       // line ends included; valid until the next call
+    const SpecialLine *special;  // for kSpecial
+};
+
+class DocumentReader {
+  public:
+    enum Mode {
+        kPlain,     // special lines only
+        kFeatures,  // feature and settings lines too; the last byte of the document is withheld
+    };
+
+    // Reads from `file`, a descriptor that the caller owns. `search` is for tests.
+    void Open(int file, Mode mode, const LineSearch &search = BestLineSearch());
+
+    // Stores the next piece; false at the end of the document (or when it cannot be read). What
+    // follows the last line end, up to 8064 bytes, is never handed out.
+    bool Next(DocumentPiece &piece);
+
+    // After the end, in mode kFeatures: the last byte of the document, or -1 if it was empty.
+    int LastByte() const;
+
+  private:
+    bool FindRecognisedLine(DocumentPiece &line);
+    bool Recognise(const char *lineEnd, DocumentPiece &line) const;
+    bool TakeRun(DocumentPiece &piece);
+    bool Refill();
+
+    // Before the block there is room for the line that the previous block left unfinished.
+    static constexpr std::size_t kRoom = 8192;
+    static constexpr std::size_t kBlock = 128 * 1024;
+
+    const LineSearch *search_;
+    Mode mode_;
+    int file_;
+    bool lineMayMatter_;     // a search has seen signs of feature code in the line at scan_
+    bool hasPending_;        // pending_ is to be handed out next
+    DocumentPiece pending_;  // the recognised line behind a run
+    const char *begin_;      // first byte not handed out
+    const char *lineStart_;  // start of the line that the search has reached
+    const char *scan_;       // where the search goes on
+    const char *limit_;      // where it ends: all that has arrived, less the withheld byte
+    const char *end_;        // end of what has arrived
+    char buffer_[kRoom + kBlock];
+};

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "CommonSource/FilterFrame/Source/JobRun.h"
+
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+
+#include "CommonSource/FilterFrame/Source/DecompositionPass.h"
+#include "CommonSource/FilterFrame/Source/JobBuffers.h"
+#include "CommonSource/FilterFrame/Source/JobCopy.h"
+#include "CommonSource/FilterFrame/Source/JobHeader.h"
+#include "CommonSource/FilterFrame/Source/JobPPD.h"
+#include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
+#include "CommonSource/FilterFrame/Source/NameValidation.h"
+#include "CommonSource/FilterFrame/Source/PostScriptPass.h"
+#include "CommonSource/FilterFrame/Source/TextEncoding.h"
+#include "CommonSource/FilterFrame/Source/UtilityFunctionFilter.h"
+
+void SignalHandler(int) {
+    CancelJob = 1;
+}
+
+void SignalPipeHandler(int) {
+    CancelJobForPipe = 1;
+}
+
+namespace {
+
+void SetNames(char *argv[]) {
+    ConvertUTF8ToEncoding(argv[2], StdUserName, kStdTextLength);
+    std::memset(StdJBAUserName, 0, sizeof StdJBAUserName);
+    std::memcpy(StdJBAUserName, StdUserName, sizeof StdJBAUserName - 1);
+    ClearLayoutBuffers();
+    std::signal(SIGTERM, SignalHandler);
+    std::signal(SIGPIPE, SignalPipeHandler);
+    InvalidateStdUserName();
+
+    std::memset(StdDocumentName, 0, sizeof StdDocumentName);
+    std::memset(PTStdDocumentName, 0, sizeof PTStdDocumentName);
+    // A line break in a title would end the PJL command that carries it.
+    if (std::strpbrk(argv[3], "\r\n")) return;
+    ConvertUTF8ToEncoding(argv[3], StdDocumentName, kStdTextLength);
+    InvalidateStdDocumentNameForProductType(argv);
+}
+
+void FindClient() {
+    std::memset(HostNameStr, 0, sizeof HostNameStr);
+    std::memset(IPAddressStr, 0, sizeof IPAddressStr);
+    GetClientIPAddress(HostNameStr, IPAddressStr);
+}
+
+}  // namespace
+
+int RunJob(int argc, char *argv[]) {
+    SetNames(argv);
+    InializeDescriptionTable();
+    OpenJobCopy();
+    FindClient();
+    std::setbuf(stderr, nullptr);  // the page log must reach the scheduler at once
+    if (GetTicketFromPDE(argv) == 1) OutputKPJLCommand(argv);
+    if (JobPPDAttributeIs(KPPDPSDecompModeKey, "1")) {
+        OutputPSStreamtoFileandInsertPJLforFeaturePDE(argc, argv);
+    } else {
+        OutputPSStream(argc, argv);
+    }
+    OutputKPJLCommandFromArray(argv, prtFmtTableKPJLTrailer, numFmtTableKPJLTrailer);
+    CloseJobCopy();
+    std::fflush(stdout);  // a printer that has gone shows here at the latest
+    return CancelJobForPipe == 1 ? 1 : 0;
+}

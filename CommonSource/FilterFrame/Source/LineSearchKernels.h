@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// The searches of LineSearch.h, written once over a vector type. A vector type V brings
+//   V::kWidth                      bytes in a vector
+//   V::Load(const char *)          the vector at an address, however aligned
+//   V::Equal(V, char)              ones in every byte that equals a character
+//   operators | and &
+//   V::Hits(V) -> integer          one bit for each byte, the first byte's lowest
+// Everything is static: each translation unit compiles it for other instructions.
+#pragma once
+
+#include <bit>
+
+#include "CommonSource/FilterFrame/Source/LineSearch.h"
+
+namespace {
+
+template <class V>
+V LineEnds(const char *at) {
+    const V bytes = V::Load(at);
+    return V::Equal(bytes, '\n') | V::Equal(bytes, '\r');
+}
+
+// Line ends behind "p" (ep, endp, bp, %%EndSetup, %%EndPageSetup), "e" (showpage), "g"
+// (%%EndProlog,
+// %%BeginProlog) or "t" (userdict/setpagedevice{pop}bind put).
+template <class V>
+V SpecialLineEnds(const char *at) {
+    const V before = V::Load(at - 1);
+    return LineEnds<V>(at) & (V::Equal(before, 'p') | V::Equal(before, 'e') |
+                              V::Equal(before, 'g') | V::Equal(before, 't'));
+}
+
+template <class V>
+V SpecialOrSettings(const char *at) {
+    const V last = V::Load(at);
+    const V middle = V::Load(at - 1);
+    const V first = V::Load(at - 2);
+    return SpecialLineEnds<V>(at) |
+           (V::Equal(last, 'R') & ((V::Equal(middle, 'C') & V::Equal(first, 'S')) |
+                                   (V::Equal(middle, 'P') & V::Equal(first, 'C')))) |
+           (V::Equal(last, 'B') & V::Equal(middle, '%') & V::Equal(first, '%'));
+}
+
+// A vector of one byte: the fallback, and the rest of a block that fills no vector.
+struct OneByte {
+    static constexpr std::size_t kWidth = 1;
+    bool byte;
+    char value;
+
+    static OneByte Load(const char *at) { return {false, *at}; }
+    static OneByte Equal(OneByte vector, char character) { return {vector.value == character, 0}; }
+    static unsigned Hits(OneByte vector) { return vector.byte; }
+    OneByte operator|(OneByte other) const { return {byte || other.byte, 0}; }
+    OneByte operator&(OneByte other) const { return {byte && other.byte, 0}; }
+};
+
+template <class V, V (*match)(const char *), OneByte (*matchOne)(const char *)>
+const char *Find(const char *from, const char *end) {
+    while (static_cast<std::size_t>(end - from) >= V::kWidth) {
+        const auto hits = V::Hits(match(from));
+        if (hits != 0) return from + std::countr_zero(hits);
+        from += V::kWidth;
+    }
+    while (from != end && OneByte::Hits(matchOne(from)) == 0) from++;
+    return from;
+}
+
+template <class V>
+constexpr LineSearch MakeLineSearch(const char *name) {
+    return {name, Find<V, LineEnds<V>, LineEnds<OneByte>>,
+            Find<V, SpecialLineEnds<V>, SpecialLineEnds<OneByte>>,
+            Find<V, SpecialOrSettings<V>, SpecialOrSettings<OneByte>>};
+}
+
+}  // namespace

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "CommonSource/FilterFrame/Source/OutputWriter.h"
+
+#include <cstring>
+
+#include "CommonSource/FilterFrame/Source/SystemVersion.h"
+
+std::FILE *gJobFilefp;
+
+namespace {
+
+constexpr std::int32_t kFirstVersionWithPageLog = 0x1070;
+
+// Writes `text` with each "%%" as one per-cent sign; returns the bytes written or -1.
+int PutFormattedText(const char *text, std::FILE *stream) {
+    std::size_t written = 0;
+    while (*text != '\0') {
+        const char *pair = std::strstr(text, "%%");
+        const std::size_t length =
+            pair ? static_cast<std::size_t>(pair - text) + 1 : std::strlen(text);
+        if (std::fwrite(text, 1, length, stream) != length) return -1;
+        written += length;
+        text += length + (pair ? 1 : 0);
+    }
+    return static_cast<int>(written);
+}
+
+}  // namespace
+
+std::size_t KVfwrite(const void *buffer, std::size_t size, std::size_t count, std::FILE *stream) {
+    if (gJobFilefp) std::fwrite(buffer, size, count, gJobFilefp);
+    return std::fwrite(buffer, size, count, stream);
+}
+
+int KVfputs(const char *text, std::FILE *stream) {
+    if (gJobFilefp) std::fputs(text, gJobFilefp);
+    return std::fputs(text, stream);
+}
+
+int KVfputc(int character, std::FILE *stream) {
+    if (gJobFilefp) std::fputc(character, gJobFilefp);
+    return std::fputc(character, stream);
+}
+
+int KVfprintf(std::FILE *stream, const char *text) {
+    if (gJobFilefp) PutFormattedText(text, gJobFilefp);
+    return PutFormattedText(text, stream);
+}
+
+void OutputPageLogCommand(int pageNumber, char *const argv[]) {
+    std::int32_t version = 0;
+    if (Gestalt_ALT(kGestaltSystemVersion, &version) != 0 || version < kFirstVersionWithPageLog) {
+        return;
+    }
+    std::fprintf(stderr, "PAGE:%d %s\n", pageNumber, argv[4]);
+}

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Every byte of the job leaves through these wrappers: first into the job copy, when one is open,
+// then to its stream. Failed writes are not reported: a filter whose printer has gone drains its
+// input and ends. Each wrapper returns what the standard call on `stream` returns.
+#pragma once
+
+#include <cstddef>
+#include <cstdio>
+
+// The job copy, or null. The job run opens and closes it.
+extern std::FILE *gJobFilefp;
+
+std::size_t KVfwrite(const void *buffer, std::size_t size, std::size_t count, std::FILE *stream);
+int KVfputs(const char *text, std::FILE *stream);
+int KVfputc(int character, std::FILE *stream);
+
+// Writes a text that the caller has formatted, as a format without arguments: "%%" comes out as
+// one per-cent sign. Any other per-cent sequence stands as written, for the text may hold what a
+// user typed. The stream comes first here, unlike above. Returns the number of bytes written to
+// `stream`, or a negative number.
+int KVfprintf(std::FILE *stream, const char *text);
+
+// Tells the scheduler, on standard error, that a page is out: "PAGE:number copies". `argv` are the
+// filter's arguments; argv[4] holds the copies. Silent below version word 0x1070, where the
+// scheduler counts pages by other means.
+void OutputPageLogCommand(int pageNumber, char *const argv[]);

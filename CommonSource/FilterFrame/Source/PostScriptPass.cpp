@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "CommonSource/FilterFrame/Source/PostScriptPass.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "CommonSource/FilterFrame/Source/OutputWriter.h"
+
+namespace {
+
+constexpr int kEndOfPostScriptJob = 4;  // Ctrl-D
+
+}  // namespace
+
+DocumentReader documentReader;
+
+int OpenDocument(bool fromStandardInput, char *const argv[]) {
+    return fromStandardInput ? STDIN_FILENO : open(argv[6], O_RDONLY | O_CLOEXEC);
+}
+
+void OutputPSStream(int argc, char *const argv[]) {
+    const int file = OpenDocument(argc == 6, argv);
+    if (file < 0) return;
+    documentReader.Open(file, DocumentReader::kPlain);
+    DocumentState state;
+    DocumentPiece piece;
+    while (documentReader.Next(piece)) {
+        if (piece.kind == DocumentPiece::kRun) {
+            KVfwrite(piece.text.data(), 1, piece.text.size(), stdout);
+        } else if (!PutSpecialLine(*piece.special, piece.text, state, argv, stdout)) {
+            return;
+        }
+    }
+    KVfputc(kEndOfPostScriptJob, stdout);
+}

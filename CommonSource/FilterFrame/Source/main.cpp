@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <cstdio>
+
+#include "CommonSource/FilterFrame/Source/JobRun.h"
+
+int main(int argc, char *argv[]) {
+    if (argc < 6) {
+        std::fputs("Usage: kvfilter job-id user title copies options [file]\n", stderr);
+        return 1;
+    }
+    return RunJob(argc, argv);
+}

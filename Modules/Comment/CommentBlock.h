@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdio>
+
+int OutputKPJLCommandforCommentVersionLow();
+int OutputKPJLCommandforCommentBegin();
+int OutputKPJLCommandforCommentBasic();
+int OutputKPJLCommandforCommentEnd();

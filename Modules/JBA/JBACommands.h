@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdio>
+
+void JBAInializeDescriptionTableFromFilter();
+void JBAOutputKPJLCommandFromFilter(char *const argv[]);
