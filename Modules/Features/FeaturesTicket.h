@@ -26,8 +26,8 @@ struct FeaturesOptions {
     char bookletMarginShift[5];  // millimetres
     std::int32_t ejectOptionsList;
     char numPunchHoles[100];
-    char mediaTypeTab[100];          // "true" or "false"
-    char coilPunchFace[100];         // "true" or "false"
+    char mediaTypeTab[100];            // "true" or "false"
+    char coilPunchFace[100];           // "true" or "false"
     std::int32_t whetherMediaTypeTab;  // of the special pages
 };
 extern FeaturesOptions kpjlOptionFeatures;
