@@ -4,13 +4,12 @@
 // procedures prints the document as if they were not there, one that has them gets their operands.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 
 #include "support/Ghostscript.h"
 #include "support/Injections.h"
 #include "support/PrintSystemDocument.h"
-#include "support/TempFolder.h"
+#include "support/PsToPs.h"
 #include "support/TicketOption.h"
 
 namespace {
@@ -30,23 +29,6 @@ constexpr char kCustomProcedures[] =
     "/setsignatureautoscale{(scale ) print =}\n"
     "/setcoverseparator{(separators ) print {exch == ==} forall}\n"
     ">> /ProcSet defineresource pop\n";
-
-// The line that ends page set-up in documents with several pages on a sheet.
-constexpr char kSeveralPagesLine[] = "userdict/setpagedevice{pop}bind put\n";
-
-// What the scheduler's own filter makes of a document, with the pages of a sheet that are asked
-// for.
-std::string ThroughPsToPs(const std::string &document, const std::string &options) {
-    const TempFolder folder;
-    folder.Write("in.ps", document);
-    folder.Write("queue.ppd", PpdWith());
-    const std::string command = "cd '" + folder.Path().string() +
-                                "' && PPD=queue.ppd \"$(cups-config --serverbin)/filter/pstops\" "
-                                "17 alice Report 1 '" +
-                                options + "' <in.ps >out.ps 2>messages";
-    EXPECT_EQ(std::system(command.c_str()), 0) << folder.Read("messages");
-    return folder.Read("out.ps");
-}
 
 TEST(FeaturesRender, APrinterWithoutTheProceduresGoesOn) {
     const std::string printed = PrintedDocument(AllFeatures("1"), PrintSystemDocument(2));

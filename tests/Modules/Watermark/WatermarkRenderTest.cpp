@@ -11,19 +11,27 @@
 #include "support/Ghostscript.h"
 #include "support/Injections.h"
 #include "support/PrintSystemDocument.h"
+#include "support/PsToPs.h"
 #include "support/WatermarkJob.h"
 
 namespace {
 
-// Where the ink that differs between two pages lies, seen from the centre of a box that is turned.
-struct Ink {
-    int inside = 0, outside = 0;  // pixels in the box, a pixel's width tolerated, and elsewhere
-    double left = 1e9, right = -1e9, bottom = 1e9, top = -1e9;  // along the sides of the box
+// "DRAFT" in Courier at 60 points is 180 points wide and 34 high, with some air at both ends.
+constexpr double kTextWidth = 180;
+constexpr double kTextHeight = 34;
+
+// Where the text belongs.
+struct Box {
+    double centreX, centreY;
+    int angle;         // degrees
+    double scale = 1;  // of the page on the sheet
 };
 
-struct Box {
-    double centreX, centreY, width, height;
-    int angle;  // degrees
+// Where the ink that differs between two pages lies: pixels in the box, a pixel's width tolerated,
+// and elsewhere; how far those in the box reach from its centre, along its sides.
+struct Ink {
+    int inside = 0, outside = 0;
+    double left = 1e9, right = -1e9, bottom = 1e9, top = -1e9;
 };
 
 Ink MeasureInk(const RenderedPage &page, const RenderedPage &bare, const Box &box) {
@@ -36,9 +44,12 @@ Ink MeasureInk(const RenderedPage &page, const RenderedPage &bare, const Box &bo
             const double fromY = y + 0.5 - box.centreY;
             const double along = fromX * std::cos(turn) + fromY * std::sin(turn);
             const double across = fromY * std::cos(turn) - fromX * std::sin(turn);
-            const bool within =
-                std::abs(along) <= box.width / 2 + 1 && std::abs(across) <= box.height / 2 + 1;
-            (within ? ink.inside : ink.outside)++;
+            if (std::abs(along) > box.scale * kTextWidth / 2 + 1 ||
+                std::abs(across) > box.scale * kTextHeight / 2 + 1) {
+                ink.outside++;
+                continue;
+            }
+            ink.inside++;
             ink.left = std::min(ink.left, along);
             ink.right = std::max(ink.right, along);
             ink.bottom = std::min(ink.bottom, across);
@@ -55,14 +66,20 @@ Rendering RenderJob(const std::string &options, const std::string &document) {
     return rendering;
 }
 
-// "DRAFT" in Courier at 60 points is 180 points wide and 34 high, with some air at both ends.
-void ExpectText(const Ink &ink) {
+// The text fills its box.
+void ExpectText(const Ink &ink, double scale = 1) {
+    EXPECT_GT(ink.inside, 1000 * scale * scale);
+    EXPECT_NEAR(ink.left, scale * -kTextWidth / 2, 5 * scale);
+    EXPECT_NEAR(ink.right, scale * kTextWidth / 2, 5 * scale);
+    EXPECT_NEAR(ink.bottom, scale * -kTextHeight / 2, 2);
+    EXPECT_NEAR(ink.top, scale * kTextHeight / 2, 2);
+}
+
+// The text fills its box and is all that is new on the page.
+void ExpectTextAlone(const RenderedPage &page, const RenderedPage &bare, const Box &box) {
+    const Ink ink = MeasureInk(page, bare, box);
     EXPECT_EQ(ink.outside, 0);
-    EXPECT_GT(ink.inside, 1000);
-    EXPECT_NEAR(ink.left, -90, 5);
-    EXPECT_NEAR(ink.right, 90, 5);
-    EXPECT_NEAR(ink.bottom, -17, 2);
-    EXPECT_NEAR(ink.top, 17, 2);
+    ExpectText(ink);
 }
 
 bool Same(const RenderedPage &page, const RenderedPage &other) {
@@ -85,7 +102,7 @@ TEST(WatermarkRender, StandsInTheMiddleAtEveryAngle) {
         job.angle = angle;
         const Rendering stamped = RenderJob(job.Options(), document);
         ASSERT_EQ(stamped.pages.size(), 1U);
-        ExpectText(MeasureInk(stamped.pages[0], bare.pages[0], {306, 396, 180, 34, angle}));
+        ExpectTextAlone(stamped.pages[0], bare.pages[0], {306, 396, angle});
     }
 }
 
@@ -97,7 +114,7 @@ TEST(WatermarkRender, StandsInTheMiddleOfAPageOnItsSide) {
     job.angle = 45;
     const Rendering stamped = RenderJob(job.Options(), document);
     ASSERT_EQ(stamped.pages.size(), 1U);
-    ExpectText(MeasureInk(stamped.pages[0], bare.pages[0], {396, 306, 180, 34, 45}));
+    ExpectTextAlone(stamped.pages[0], bare.pages[0], {396, 306, 45});
 }
 
 TEST(WatermarkRender, MovesByItsOffsets) {
@@ -109,7 +126,7 @@ TEST(WatermarkRender, MovesByItsOffsets) {
     job.verticalOffset = "200";
     const Rendering stamped = RenderJob(job.Options(), document);
     ASSERT_EQ(stamped.pages.size(), 1U);
-    ExpectText(MeasureInk(stamped.pages[0], bare.pages[0], {205.5, 596, 180, 34, 45}));
+    ExpectTextAlone(stamped.pages[0], bare.pages[0], {205.5, 596, 45});
 }
 
 TEST(WatermarkRender, StampsAllPagesOrTheFirst) {
@@ -128,12 +145,31 @@ TEST(WatermarkRender, StampsAllPagesOrTheFirst) {
                 if (onlyFirst == 1 && page > 0) {
                     EXPECT_TRUE(Same(stamped.pages[page], bare.pages[page]));
                 } else {
-                    ExpectText(
-                        MeasureInk(stamped.pages[page], bare.pages[page], {306, 396, 180, 34, 0}));
+                    ExpectTextAlone(stamped.pages[page], bare.pages[page], {306, 396, 0});
                 }
             }
         }
     }
+}
+
+// Letter pages, shrunk to 0.647 and turned onto their right side, stand one above the other.
+TEST(WatermarkRender, StampsBothPagesOfASheet) {
+    const std::string document =
+        ThroughPsToPs(PrintSystemDocument(3), "number-up=2 PageSize=Letter");
+    const Rendering bare = RenderJob("number-up=2", document);
+    const Rendering stamped = RenderJob(WatermarkJob{}.Options() + "number-up=2", document);
+    ASSERT_EQ(bare.pages.size(), 2U);
+    ASSERT_EQ(stamped.pages.size(), 2U);
+    const Box firstPage = {306, 594, 270, 0.647};
+    const Box secondPage = {306, 198, 270, 0.647};
+    const Ink first = MeasureInk(stamped.pages[0], bare.pages[0], firstPage);
+    const Ink second = MeasureInk(stamped.pages[0], bare.pages[0], secondPage);
+    ExpectText(first, 0.647);
+    ExpectText(second, 0.647);
+    EXPECT_EQ(first.outside, second.inside);
+    const Ink third = MeasureInk(stamped.pages[1], bare.pages[1], firstPage);
+    ExpectText(third, 0.647);
+    EXPECT_EQ(third.outside, 0);
 }
 
 // The colours of the ink, at the densities that a person picks.
