@@ -117,11 +117,12 @@ TEST_F(WatermarkPostScript, ThinsTheColourToItsDensity) {
         {0, 0.5F, 0, 0, "1.00 1.00 1.00 setrgbcolor\n"},
         {100, 0.1F, 0.2F, 0.3F, "0.10 0.20 0.30 setrgbcolor\n"},
         {25, 1, 0.2F, 0, "1.00 0.80 0.75 setrgbcolor\n"},
-        {50, -1, -1, -1, "0.00 0.00 0.00 setrgbcolor\n"},       // colours that the ticket lacks
-        {-1, 0.5F, 0, 0, "1.00 1.01 1.01 setrgbcolor\n"},       // a density that it lacks
-        {200, 0, 0.5F, 1, "-1.00 0.00 1.00 setrgbcolor\n"},     // the printer limits the values
-        {5, 0.5F, 0.7F, 0.9F, "0.98 0.99 1.00 setrgbcolor\n"},  // 0.97 0.98 0.99 in double
-        {12, 0.125F, 0, 0, "0.89 0.88 0.88 setrgbcolor\n"},     // 0.90 in double
+        {50, -1, -1, -1, "0.00 0.00 0.00 setrgbcolor\n"},    // colours that the ticket lacks
+        {-1, 0.5F, 0, 0, "1.00 1.01 1.01 setrgbcolor\n"},    // a density that it lacks
+        {200, 0, 0.5F, 1, "-1.00 0.00 1.00 setrgbcolor\n"},  // the printer limits the values
+        // Each step in single precision; in double it is 0.83 and 0.79.
+        {22, 0.25F, 0.25F, 0.25F, "0.84 0.84 0.84 setrgbcolor\n"},
+        {25, 0.14F, 0, 0, "0.78 0.75 0.75 setrgbcolor\n"},
     };
     for (const auto &colour : cases) {
         SCOPED_TRACE(colour.line);
