@@ -22,7 +22,7 @@ constexpr std::int32_t OptionMBN             = 5;  // store in a mailbox
 constexpr std::int32_t OptionDocumentNameAutoRetrieve = 1;  // the job's title
 constexpr std::int32_t OptionDocumentNameEnterName    = 2;  // the name entered in the dialog
 
-// 1. A secure job is held. Its format takes no value, so its parameter set stays unused.
+// A secure job is held. Its format takes no value, so its parameter set stays unused.
 constexpr char prtfmtStrSecurePrint[] = "@PJL SET HOLD=STORE\n";
 constexpr CommandValue cmdParaSecurePrint[] = {
     kCR, kLF,
@@ -34,7 +34,7 @@ constexpr ComparationItem comparationItemSecurePrint[] = {
 SymParaTable symParaSecurePrint;
 ComparationTable comparationSecurePrint;
 
-// 2. A password makes it private. The password is tested twice, to no effect.
+// A password makes it private. The password is tested twice, to no effect.
 constexpr char prtfmtStrSecurePrintHold[] = "@PJL SET HOLDTYPE=PRIVATE\n";
 constexpr ComparationItem comparationItemSecurePrintHold[] = {
     KV_IS(ticket.printType, OptionSecurePrint),
@@ -44,7 +44,7 @@ constexpr ComparationItem comparationItemSecurePrintHold[] = {
 };
 ComparationTable comparationSecurePrintHold;
 
-// 3. A sample is printed and the other copies are held.
+// A sample is printed and the other copies are held.
 constexpr char prtfmtStrSamplePrintHold[] = "@PJL SET HOLD=PROOF\n";
 constexpr ComparationItem comparationItemSamplePrintHold[] = {
     KV_IS(ticket.printType, OptionSamplePrint),
@@ -52,14 +52,14 @@ constexpr ComparationItem comparationItemSamplePrintHold[] = {
 };
 ComparationTable comparationSamplePrintHold;
 
-// 4. A job for a mailbox is stored there.
+// A job for a mailbox is stored there.
 constexpr char prtfmtStrSMBPrintHold[] = "@PJL SET HOLD=BOXSTORE\n";
 constexpr ComparationItem comparationItemSMBPrintHold[] = {
     KV_IS(ticket.printType, OptionMBN),
 };
 ComparationTable comparationSMBPrintHold;
 
-// 5. The mailbox's password makes it private.
+// The mailbox's password makes it private.
 constexpr char prtfmtStrMBNumberPrintHold[] = "@PJL SET HOLDTYPE=PRIVATE\n";
 constexpr ComparationItem comparationItemMBNumberPrintHold[] = {
     KV_IS(ticket.printType, OptionMBN),
@@ -67,7 +67,7 @@ constexpr ComparationItem comparationItemMBNumberPrintHold[] = {
 };
 ComparationTable comparationMBNumberPrintHold;
 
-// 6. The number of the mailbox. Without one the line stays empty.
+// The number of the mailbox. Without one the line stays empty.
 constexpr char prtfmtStrSMBEnterNumber[] = "@PJL SET BOXNUMBER=%s%c%c";
 constexpr CommandValue cmdParaSMBEnterNumber[] = {
     KV_VALUE(ticket.mailboxNumber), kCR, kLF,
@@ -78,7 +78,7 @@ constexpr ComparationItem comparationItemSMBEnterNumber[] = {
 SymParaTable symParaSMBEnterNumber;
 ComparationTable comparationSMBEnterNumber;
 
-// 7. The password of the mailbox.
+// The password of the mailbox.
 constexpr char prtfmtStrSMBPassword[] = "@PJL SET BOXENCRYPTKEY=%c%s%c%c%c";
 constexpr CommandValue cmdParaSMBPassword[] = {
     kQuote, KV_VALUE(ticket.mailboxPassword), kQuote, kCR, kLF,
@@ -90,7 +90,7 @@ constexpr ComparationItem comparationItemSMBPassword[] = {
 SymParaTable symParaSMBPassword;
 ComparationTable comparationSMBPassword;
 
-// 8. The owner of a job that is held.
+// The owner of a job that is held.
 constexpr char prtfmtStrSecurePrintUserName[] = "@PJL SET USERNAME=%c%s%c%c%c";
 constexpr CommandValue cmdParaSecurePrintUserName[] = {
     kQuote, KV_VALUE(ticket.userName), kQuote, kCR, kLF,
@@ -104,7 +104,7 @@ constexpr ComparationItem comparationItemSecurePrintUserName[] = {
 SymParaTable symParaSecurePrintUserName;
 ComparationTable comparationSecurePrintUserName;
 
-// 9. The password that releases a secure job.
+// The password that releases a secure job.
 constexpr char prtfmtStrSecurePrintPassword[] = "@PJL SET HOLDENCRYPTKEY=%c%s%c%c%c";
 constexpr CommandValue cmdParaSecurePrintPassword[] = {
     kQuote, KV_VALUE(ticket.password), kQuote, kCR, kLF,
@@ -117,7 +117,7 @@ constexpr ComparationItem comparationItemSecurePrintPassword[] = {
 SymParaTable symParaSecurePrintPassword;
 ComparationTable comparationSecurePrintPassword;
 
-// 10. The job's name: its title.
+// The job's name: its title.
 constexpr char prtfmtStrDocumentNameAutoRetrieve[] = "@PJL SET JOBNAME=%c%s%c\r\n";
 constexpr CommandValue cmdParaDocumentNameAutoRetrieve[] = {
     kQuote, KV_VALUE(PTStdDocumentName), kQuote,
@@ -130,7 +130,7 @@ constexpr ComparationItem comparationItemDocumentNameAutoRetrieve[] = {
 SymParaTable symParaDocumentNameAutoRetrieve;
 ComparationTable comparationDocumentNameAutoRetrieve;
 
-// 11. The job's name: the one entered in the dialog.
+// The job's name: the one entered in the dialog.
 constexpr char prtfmtStrDocumentNameEnterName[] = "@PJL SET JOBNAME=%c%s%c\r\n";
 constexpr CommandValue cmdParaDocumentNameEnterName[] = {
     kQuote, KV_VALUE(ticket.documentName), kQuote,
@@ -143,7 +143,7 @@ constexpr ComparationItem comparationItemDocumentNameEnterName[] = {
 SymParaTable symParaDocumentNameEnterName;
 ComparationTable comparationDocumentNameEnterName;
 
-// 12. The time at which a delayed job is printed.
+// The time at which a delayed job is printed.
 constexpr char prtfmtStrDelayPrint[] = "@PJL SET JOBATTR=%c@PRTM=%s%c\r\n";
 constexpr CommandValue cmdParaDelayPrint[] = {
     kQuote, KV_VALUE(ticket.delayPrintTime), kQuote,
