@@ -53,13 +53,16 @@ std::size_t TitleLength(const RuledJob &job) {
 
 }  // namespace
 
-std::vector<CommandRule> AllRules() {
-    std::vector<CommandRule> all;
-    for (const auto *rules :
-         {&PrintTypeRules(), &JBAAdminRules(), &JBACommonRules(), &FeaturesRules()}) {
-        all.insert(all.end(), rules->begin(), rules->end());
-    }
-    return all;
+const std::vector<CommandRule> &AllRules() {
+    static const std::vector<CommandRule> rules = [] {
+        std::vector<CommandRule> all;
+        for (const auto *module :
+             {&PrintTypeRules(), &JBAAdminRules(), &JBACommonRules(), &FeaturesRules()}) {
+            all.insert(all.end(), module->begin(), module->end());
+        }
+        return all;
+    }();
+    return rules;
 }
 
 std::vector<RuleCondition> ConditionsOf(const CommandRule &rule) {

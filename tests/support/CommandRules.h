@@ -29,7 +29,7 @@ const std::vector<CommandRule> &PrintTypeRules();
 const std::vector<CommandRule> &JBAAdminRules();
 const std::vector<CommandRule> &JBACommonRules();
 const std::vector<CommandRule> &FeaturesRules();
-std::vector<CommandRule> AllRules();  // in the order of the job header
+const std::vector<CommandRule> &AllRules();  // in the order of the job header
 
 // The bytes of text that a record keeps of each ticket value that a command prints or searches.
 const std::map<std::string, std::size_t> &FieldLengths();

@@ -198,3 +198,20 @@ void CheckInProcess(const CommandRule &rule) {
             << "without " << condition << ": " << OptionString(job);
     }
 }
+
+void CheckFieldSizes(const CommandRule &rule) {
+    for (const std::string &key : ValuesOf(rule)) {
+        const auto field = FieldLengths().find(key);
+        if (field == FieldLengths().end()) continue;
+        std::string text;
+        while (text.size() <= field->second) text += static_cast<char>('0' + text.size() % 75);
+        for (const std::size_t length : {field->second - 1, field->second, field->second + 1}) {
+            RuledJob job = JobFor(rule);
+            job.ticket[key] = text.substr(0, length);
+            const std::string kept = text.substr(0, std::min(length, field->second));
+            const std::string commands = CommandsOfFilter(job);
+            EXPECT_EQ(commands, ExpectedCommands(job)) << length;
+            EXPECT_NE(commands.find(kept.substr(0, 200)), std::string::npos) << length;
+        }
+    }
+}

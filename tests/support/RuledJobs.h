@@ -38,3 +38,7 @@ std::string CommandsInProcess(const RuledJob &job);
 // a job from the scheduler can break, and in this process with every job.
 void CheckThroughFilter(const CommandRule &rule);
 void CheckInProcess(const CommandRule &rule);
+
+// Checks through the filter that each ticket value in the rule's line may fill its field, and is
+// cut to it.
+void CheckFieldSizes(const CommandRule &rule);
