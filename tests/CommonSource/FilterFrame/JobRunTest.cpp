@@ -10,6 +10,7 @@ TEST(JobRun, FramesAnEmptyDocument) {
     const FilterResult result = RunFilter(job);
     EXPECT_EQ(result.output,
               "\x1b%-12345X@PJL JOB MODE=PRINTER\r\n"
+              "@PJL SET RENDERMODE=GRAYSCALE\n"
               "@PJL ENTER LANGUAGE=POSTSCRIPT\n"
               "\x04"
               "\x1b%-12345X@PJL EOJ\n");
