@@ -48,7 +48,7 @@ class DocumentReader {
 
   private:
     bool FindRecognisedLine(DocumentPiece &line);
-    bool Recognise(const char *lineEnd, DocumentPiece &line) const;
+    bool Recognise(const char *lineEnd, bool hasSigns, DocumentPiece &line) const;
     bool TakeRun(DocumentPiece &piece);
     bool Refill();
 
