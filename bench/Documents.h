@@ -6,6 +6,12 @@
 #include <random>
 #include <string>
 
+// What stands in front of the pages.
+inline constexpr char kDocumentStart[] =
+    "%!PS-Adobe-3.0\n%%Pages: (atend)\n%%BoundingBox: 0 0 595 842\n%%EndComments\n"
+    "%%BeginProlog\n/bp{/pgsave save def}bind def/ep{pgsave restore showpage}bind def\n"
+    "%%EndProlog\n%%BeginSetup\n%%EndSetup\n";
+
 // About a megabyte of whole lines of a kind: "short" (25 bytes a line), "long" (8 kB of any bytes),
 // "ascii85" (image data, 72 bytes a line) or "features" (short lines with a page of 30 feature
 // lines every 33 kB). Every block is one page and holds the lines where modules write PostScript.

@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "CommonSource/FilterFrame/Source/LineSearch.h"
+#include "CommonSource/FilterFrame/Source/PipeCapacity.h"
 #include "CommonSource/FilterFrame/Source/PostScriptLines.h"
 
 // Bytes of a line, without its end, that are passed on before the end is seen.
@@ -54,7 +55,7 @@ class DocumentReader {
 
     // Before the block there is room for the line that the previous block left unfinished.
     static constexpr std::size_t kRoom = 8192;
-    static constexpr std::size_t kBlock = 128 * 1024;
+    static constexpr std::size_t kBlock = kPipeCapacity;
 
     const LineSearch *search_;
     Mode mode_;
