@@ -89,7 +89,7 @@ constexpr NUpOrder nUpOrders[] = {
     {OptionDownThenLeft,  "LEFTTOUP",    "DOWNTHENLEFT"},
 };
 
-// Part of the staple value; the first row found decides.
+// What the staple value contains; the first row found decides.
 constexpr Keyword staplePositions[] = {
     {"LeftDouble",       "LEFTDUAL"},
     {"UpperLeftSingle",  "TOPLEFT"},
@@ -101,7 +101,7 @@ constexpr Keyword staplePositions[] = {
     {"LowerLeftSingle",  "BOTTOMLEFT"},
 };
 
-// Part of the punch value; the first row found decides.
+// What the punch value contains; the first row found decides.
 constexpr Keyword punchLocations[] = {
     {"Left",   "LEFT"},
     {"Top",    "TOP"},

@@ -4,6 +4,7 @@
 // The record is read by its neighbours in this folder. Texts that the ticket lacks are empty.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view kLineWeightNormal = "Normal";
 
-// A part of the line weight value, and the sign of the level that the value's first digit gives.
+// What the line weight value contains, and the sign of the level that its first digit gives.
 // The first row found decides.
 struct LineWeight {
     const char *direction;
