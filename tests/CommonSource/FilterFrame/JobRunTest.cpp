@@ -5,6 +5,9 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#ifdef __linux__
+#include <sys/inotify.h>
+#endif
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -241,6 +244,30 @@ TEST(JobRun, KeepsNoCopyWithoutTheMarkerFile) {
     });
     EXPECT_TRUE(std::filesystem::is_empty(copies.Path()));
 }
+
+#ifdef __linux__
+TEST(JobRun, OpensThePPDOnce) {
+    for (const char *mode : {"0", "1"}) {
+        const TempFolder folder;
+        const std::string ppd = folder.Write(
+            "queue.ppd", PpdWith("*KVPSDecompMode: \"" + std::string(mode) +
+                                 "\"\n*KVPrinterLanguageEncoding: \"UTF-8\"\n*CommentOn: True\n"));
+        const int watch = inotify_init1(IN_NONBLOCK);
+        inotify_add_watch(watch, ppd.c_str(), IN_OPEN);
+        FilterProcess filter({"1", "user", "title", "1",
+                              "KVColorMode=Gray KVPBindPosition=BindLeft KVPBindPageSize=A4 "
+                              "KVPBindCutPageSize=Letter KVPBindTrimming=3EdgeSpecifySize"},
+                             FilterProcess::kPipe, ppd);
+        for (int i = 0; i < 100; i++) filter.Write("%%BeginFeature: *KVTonerSaver Mode2\nx\n");
+        filter.CloseInput();
+        filter.ReadToEnd();
+        EXPECT_EQ(filter.Wait(), 0);
+        inotify_event events[16];
+        EXPECT_EQ(read(watch, events, sizeof events), static_cast<ssize_t>(sizeof events[0]));
+        close(watch);
+    }
+}
+#endif
 
 // What a job leaves in the name buffers, found by running it here; the texts outlive the run.
 void RunHere(const std::string &user, const std::string &title, const std::string &options) {
