@@ -4,12 +4,15 @@
 import unittest
 
 import scheduler
-from scheduler import golden_job, ppd, sample
+from golden import ENTER_POSTSCRIPT, JOB_MODE, accounting, golden_job, job_information
+from scheduler import ppd, sample
 
-HEADER = [
-    b"\x1b%-12345X@PJL JOB MODE=PRINTER\r\n",
-    b"@PJL ENTER LANGUAGE=POSTSCRIPT\n",
-]
+
+def header(user="alice"):
+    """The header of a job without options on an office printer."""
+    return (JOB_MODE + accounting(user) + "@PJL SET RENDERMODE=GRAYSCALE\n" +
+            job_information("DUPLEXTYPE=TUMBLE", "COLORMODE=GRAYSCALE", "NUP=1") +
+            ENTER_POSTSCRIPT)
 
 
 class QueueTest(unittest.TestCase):
@@ -20,7 +23,7 @@ class QueueTest(unittest.TestCase):
 
     def test_job_arrives_whole(self):
         job = self.office.print(sample("report"))
-        self.assertEqual(job.output(), golden_job(HEADER, job.document()))
+        self.assertEqual(job.output(), golden_job(header(), job.document()))
 
     def test_page_log_counts_the_pages_of_every_copy(self):
         job = self.office.print(sample("report"), copies=3)
@@ -30,7 +33,7 @@ class QueueTest(unittest.TestCase):
         for name in ("book", "plain"):
             with self.subTest(document=name):
                 job = self.office.print(sample(name))
-                self.assertEqual(job.output(), golden_job(HEADER, job.document()))
+                self.assertEqual(job.output(), golden_job(header(), job.document()))
                 self.assertEqual(job.pages(), 0)
 
     def test_two_up_job_holds_the_line_that_disables_setpagedevice(self):
@@ -44,9 +47,8 @@ class QueueTest(unittest.TestCase):
                 for n, (queue, name) in enumerate(zip(queues, documents))]
         for n, job in enumerate(jobs):
             with self.subTest(job=n):
-                output = job.output()
-                self.assertEqual(output, golden_job(HEADER, job.document()))
-                self.assertIn(b"%%%%For: (user%d)\n" % n, output)
+                self.assertEqual(job.output(), golden_job(header(f"user{n}"), job.document()))
+                self.assertIn(b"%%%%For: (user%d)\n" % n, job.output())
 
     def test_every_sample_ppd_makes_a_queue_that_prints(self):
         for path in sorted(ppd("kv1010p").parent.glob("*.ppd")):
