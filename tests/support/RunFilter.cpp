@@ -11,25 +11,30 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "support/TempFolder.h"
+
 namespace {
 
 struct Pipe {
-    int read, write;
+    int read = -1, write = -1;
     Pipe() {
         int ends[2];
         if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("pipe");
         read = ends[0];
         write = ends[1];
     }
+    ~Pipe() {
+        Close(read);
+        Close(write);
+    }
+    static void Close(int &end) {
+        if (end >= 0) close(end);
+        end = -1;
+    }
 };
 
-void Close(int &end) {
-    if (end >= 0) close(end);
-    end = -1;
-}
-
-[[noreturn]] void Exec(const FilterJob &job, const std::string &ppdPath, const Pipe &in,
-                       const Pipe &out, const Pipe &err) {
+[[noreturn]] void Exec(const FilterJob &job, const std::string &ppdPath, Pipe &in, Pipe &out,
+                       Pipe &err) {
     dup2(in.read, STDIN_FILENO);
     dup2(out.write, STDOUT_FILENO);
     dup2(err.write, STDERR_FILENO);
@@ -47,71 +52,52 @@ void Close(int &end) {
     _exit(127);
 }
 
-// Reads what has arrived.
-void Receive(int &end, std::string &text) {
-    char buffer[65536];
-    const ssize_t count = read(end, buffer, sizeof buffer);
-    if (count > 0) text.append(buffer, static_cast<std::size_t>(count));
-    if (count <= 0) Close(end);
+// Feeds `input` and drains both outputs until they close.
+void Exchange(const std::string &input, Pipe &in, Pipe &out, Pipe &err, FilterResult &result) {
+    std::size_t sent = 0;
+    fcntl(in.write, F_SETFL, O_NONBLOCK);
+    while (out.read >= 0 || err.read >= 0) {
+        if (in.write >= 0 && sent == input.size()) Pipe::Close(in.write);
+        pollfd ends[] = {{in.write, POLLOUT, 0}, {out.read, POLLIN, 0}, {err.read, POLLIN, 0}};
+        if (poll(ends, 3, -1) < 0 && errno != EINTR) throw std::runtime_error("poll");
+        if (ends[0].revents) {
+            const ssize_t count = write(in.write, input.data() + sent, input.size() - sent);
+            if (count > 0) sent += static_cast<std::size_t>(count);
+            if (count < 0 && errno != EAGAIN) Pipe::Close(in.write);
+        }
+        char buffer[65536];
+        if (ends[1].revents) {
+            const ssize_t count = read(out.read, buffer, sizeof buffer);
+            if (count > 0) result.output.append(buffer, static_cast<std::size_t>(count));
+            if (count <= 0) Pipe::Close(out.read);
+        }
+        if (ends[2].revents) {
+            const ssize_t count = read(err.read, buffer, sizeof buffer);
+            if (count > 0) result.errors.append(buffer, static_cast<std::size_t>(count));
+            if (count <= 0) Pipe::Close(err.read);
+        }
+    }
 }
 
 }  // namespace
 
-RunningFilter::RunningFilter(const FilterJob &job) : input_(job.input) {
-    signal(SIGPIPE, SIG_IGN);
-    const std::string ppdPath = job.ppd.empty() ? "" : folder_.Write("queue.ppd", job.ppd);
-    Pipe in, out, err;
-    process_ = fork();
-    if (process_ < 0) throw std::runtime_error("fork");
-    if (process_ == 0) Exec(job, ppdPath, in, out, err);
-    Close(in.read);
-    Close(out.write);
-    Close(err.write);
-    in_ = in.write;
-    out_ = out.read;
-    err_ = err.read;
-    fcntl(in_, F_SETFL, O_NONBLOCK);
-}
-
-RunningFilter::~RunningFilter() {
-    if (process_ >= 0) Finish();
-}
-
-// Feeds the input and drains both outputs until `text`, one of them, holds what is awaited (never,
-// if that is empty) or both close.
-bool RunningFilter::Exchange(const std::string &text, const std::string &awaited) {
-    std::size_t sent = 0;
-    const auto arrived = [&] { return !awaited.empty() && text.find(awaited) != text.npos; };
-    while (!arrived() && (out_ >= 0 || err_ >= 0)) {
-        const bool sending = sent < input_.size();
-        if (!sending && inputEnds_) Close(in_);
-        pollfd ends[] = {{sending ? in_ : -1, POLLOUT, 0}, {out_, POLLIN, 0}, {err_, POLLIN, 0}};
-        if (poll(ends, 3, -1) < 0 && errno != EINTR) throw std::runtime_error("poll");
-        if (ends[0].revents) {
-            const ssize_t count = write(in_, input_.data() + sent, input_.size() - sent);
-            if (count > 0) sent += static_cast<std::size_t>(count);
-            if (count < 0 && errno != EAGAIN) Close(in_);
-        }
-        if (ends[1].revents) Receive(out_, result_.output);
-        if (ends[2].revents) Receive(err_, result_.errors);
-    }
-    input_.erase(0, sent);
-    return arrived();
-}
-
-FilterResult RunningFilter::Finish() {
-    SendAll();
-    Exchange(result_.output, "");
-    Close(in_);
-    int status = 0;
-    waitpid(process_, &status, 0);
-    process_ = -1;
-    result_.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-    return result_;
-}
-
 FilterResult RunFilter(const FilterJob &job) {
-    return RunningFilter(job).Finish();
+    signal(SIGPIPE, SIG_IGN);
+    TempFolder folder;
+    const std::string ppdPath = job.ppd.empty() ? "" : folder.Write("queue.ppd", job.ppd);
+    Pipe in, out, err;
+    const pid_t child = fork();
+    if (child < 0) throw std::runtime_error("fork");
+    if (child == 0) Exec(job, ppdPath, in, out, err);
+    Pipe::Close(in.read);
+    Pipe::Close(out.write);
+    Pipe::Close(err.write);
+    FilterResult result{};
+    Exchange(job.input, in, out, err, result);
+    int status = 0;
+    waitpid(child, &status, 0);
+    result.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    return result;
 }
 
 std::vector<std::string> HeaderLines(const std::string &output) {
