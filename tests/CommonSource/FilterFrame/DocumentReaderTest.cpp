@@ -85,8 +85,8 @@ TEST_P(DocumentReaderTest, FindsEverySpecialLineAtEveryPlaceInAVector) {
 }
 
 TEST_P(DocumentReaderTest, ReadsHostileDocumentsAsTheDescriptionDoes) {
-    const std::vector<std::vector<std::size_t>> cuts = {
-        {65536}, {1}, {7, 1, 4099}, {8064}, {8065}, {8066}, {131072, 3}};
+    const std::vector<std::vector<std::size_t>> cuts = {{65536}, {1},    {7, 1, 4099}, {8064},
+                                                        {8065},  {8066}, {131072, 3}};
     for (unsigned seed = 0; seed < 60; seed++) {
         SCOPED_TRACE(seed);
         RandomDocument random(seed);
@@ -125,9 +125,8 @@ TEST_P(DocumentReaderTest, DropsATailWithoutLineEnd) {
 }
 
 TEST(DocumentReader, RecognisesOnlyWholeLines) {
-    for (const char *line :
-         {"%%EndSetup ", " %%EndSetup", "%%endsetup", "%%EndSetup%", "EP", "epp", "eep", "e p",
-          "showpage;", "userdict/setpagedevice{pop}bind  put"}) {
+    for (const char *line : {"%%EndSetup ", " %%EndSetup", "%%endsetup", "%%EndSetup%", "EP", "epp",
+                             "eep", "e p", "showpage;", "userdict/setpagedevice{pop}bind  put"}) {
         const std::string document = std::string(line) + "\n";
         EXPECT_TRUE(ReadInPieces(document, {64}, BestLineSearch()).specials.empty()) << line;
     }

@@ -27,8 +27,8 @@ constexpr char kInjecting[] =
 // Both passes over one document, in this process.
 void ComparePasses(const std::string &document, const std::string &options) {
     const TempFolder folder;
-    std::string words[] = {"kvfilter", "1",     "user", "title",
-                           "2",        options, folder.Write("document.ps", document)};
+    std::string words[] = {
+        "kvfilter", "1", "user", "title", "2", options, folder.Write("document.ps", document)};
     char *argv[8] = {};
     for (int i = 0; i < 7; i++) argv[i] = words[i].data();
     GetTicketFromPDE(argv);
@@ -76,8 +76,8 @@ std::string DocumentPart(const FilterResult &result) {
     const std::size_t start = result.output.find(kStart);
     EXPECT_NE(start, std::string::npos);
     EXPECT_TRUE(result.output.ends_with(kTrailer));
-    return result.output.substr(start + kStart.size(), result.output.size() - start -
-                                                           kStart.size() - kTrailer.size());
+    return result.output.substr(start + kStart.size(),
+                                result.output.size() - start - kStart.size() - kTrailer.size());
 }
 
 FilterResult Print(const std::string &document, const std::string &options = "") {
