@@ -22,6 +22,15 @@ extern std::int32_t result;        // 1 when the last address looked at had a nu
 // and 32 for IPv6. What cannot be found stays empty.
 void GetClientIPAddress(char *hostName, char *address);
 
+// As above, for the host called `name`.
+void GetIPAddressOfHost(const char *name, char *hostName, char *address);
+
+// The printer's form of a numeric address, in `address` of 46 bytes: empty for an IPv4 text with a
+// number above 255 or of more than three characters, and "6" alone for an IPv6 text with no group
+// of zeros to expand.
+void ConvertIPv4Address(const char *text, char *address);
+void ConvertIPv6Address(const char *text, char *address);
+
 // Resolves `hostName` and writes one numeric address into `output`, `size` bytes. The first IPv4
 // address that is not the loopback's wins; failing that, the last usable IPv6 address. Returns
 // whether the last address looked at could be written as a number.

@@ -95,4 +95,58 @@ Boolean CFStringGetCString(CFStringRef string, char *buffer, CFIndex size,
 // The most bytes, without a NUL, that `length` units can need; kCFNotFound if that is no CFIndex.
 CFIndex CFStringGetMaximumSizeForEncoding(CFIndex length, CFStringEncoding encoding);
 
+// Data: bytes that do not change.
+
+CFDataRef CFDataCreate(CFAllocatorRef allocator, const UInt8 *bytes, CFIndex length);
+CFIndex CFDataGetLength(CFDataRef data);
+const UInt8 *CFDataGetBytePtr(CFDataRef data);  // null for data without bytes
+
+// Arrays: pointers in order. What becomes of a value on its way in and out, its call-backs say.
+
+using CFArrayRetainCallBack = const void *(*)(CFAllocatorRef allocator, const void *value);
+using CFArrayReleaseCallBack = void (*)(CFAllocatorRef allocator, const void *value);
+using CFArrayCopyDescriptionCallBack = CFStringRef (*)(const void *value);
+using CFArrayEqualCallBack = Boolean (*)(const void *first, const void *second);
+
+struct CFArrayCallBacks {
+    CFIndex version;
+    CFArrayRetainCallBack retain;
+    CFArrayReleaseCallBack release;
+    CFArrayCopyDescriptionCallBack copyDescription;
+    CFArrayEqualCallBack equal;
+};
+
+extern const CFArrayCallBacks kCFTypeArrayCallBacks;  // for objects: retained and released
+
+// `capacity` is 0 for an array without a limit. Without call-backs the values are just pointers.
+CFMutableArrayRef CFArrayCreateMutable(CFAllocatorRef allocator, CFIndex capacity,
+                                       const CFArrayCallBacks *callBacks);
+void CFArrayAppendValue(CFMutableArrayRef array, const void *value);
+CFIndex CFArrayGetCount(CFArrayRef array);
+const void *CFArrayGetValueAtIndex(CFArrayRef array, CFIndex index);  // index within the array
+
+// The run loop: each thread has its own, and what is scheduled there makes its calls on that thread
+// while CFRunLoopRun runs. There is one set of modes, the common ones.
+
+extern const CFStringRef kCFRunLoopCommonModes;
+
+// The calling thread's; it lasts as long as the thread.
+CFRunLoopRef CFRunLoopGetCurrent();
+
+// Runs the calling thread's loop until it is stopped or nothing is scheduled on it.
+void CFRunLoopRun();
+
+// Ends the innermost CFRunLoopRun of the loop, once the call it is in returns.
+void CFRunLoopStop(CFRunLoopRef runLoop);
+
+// What became of a connection or a resolution: no error if `error` is 0, else a number of `domain`.
+struct CFStreamError {
+    CFIndex domain;
+    SInt32 error;
+};
+
+enum : CFIndex {
+    kCFStreamErrorDomainPOSIX = 1,  // errno
+};
+
 }  // extern "C"
