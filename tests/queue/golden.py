@@ -1,14 +1,20 @@
 # SPDX-License-Identifier: Apache-2.0
 """What golden jobs have in common. A header is written out line by line, "\\r" included."""
 
+import socket
+
 JOB_MODE = "\x1b%-12345X@PJL JOB MODE=PRINTER\r\n"
 ENTER_POSTSCRIPT = "@PJL ENTER LANGUAGE=POSTSCRIPT\n"
 TRAILER = b"\x1b%-12345X@PJL EOJ\n"
 
 
-def accounting(user, pages_per_sheet="1"):
-    """The lines that every job carries for the printer's accounting."""
-    return ""
+def accounting(user, pages_per_sheet="N1"):
+    """The lines that every job carries for the printer's accounting. The scheduler gives a job that
+    says nothing of it one page on a sheet."""
+    host = socket.gethostname()[:96]
+    return (f'@PJL SET JOBATTR="@CNAM={host}"\n'
+            f'@PJL SET JOBATTR="@LUNA={user}"\n'
+            f'@PJL SET JOBATTR="@NLPP={pages_per_sheet}"\n')
 
 
 def job_information(*lines):
