@@ -80,13 +80,18 @@ void FilterProcess::CloseOutput() {
     Close(output_);
 }
 
-std::string FilterProcess::ReadToEnd() {
-    std::string text;
+std::string FilterProcess::ReadUntil(std::string_view text) {
+    std::string output;
     char buffer[65536];
     for (ssize_t count; (count = read(output_, buffer, sizeof buffer)) > 0;) {
-        text.append(buffer, static_cast<std::size_t>(count));
+        output.append(buffer, static_cast<std::size_t>(count));
+        if (!text.empty() && output.find(text) != output.npos) break;
     }
-    return text;
+    return output;
+}
+
+std::string FilterProcess::ReadToEnd() {
+    return ReadUntil("");
 }
 
 std::string FilterProcess::ReadErrorLine() {

@@ -23,11 +23,13 @@ class FilterProcess {
 
     void Write(std::string_view text);  // all of it, to standard input
     void CloseInput();
-    void CloseOutput();             // the printer goes away
-    std::string ReadToEnd();        // standard output
-    std::string ReadErrorLine();    // one line of standard error, with its line end
-    std::string ReadErrorsToEnd();  // the rest of standard error
+    void CloseOutput();                            // the printer goes away
+    std::string ReadUntil(std::string_view text);  // standard output, as far as it holds `text`
+    std::string ReadToEnd();                       // the rest of standard output
+    std::string ReadErrorLine();                   // one line of standard error, with its line end
+    std::string ReadErrorsToEnd();                 // the rest of standard error
     void Signal(int number);
+    pid_t Id() const { return child_; }
 
     // The exit status, or 128 and the signal that ended it.
     int Wait(rusage *usage = nullptr);

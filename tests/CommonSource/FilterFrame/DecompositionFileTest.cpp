@@ -14,12 +14,13 @@
 #include <csignal>
 #include <cstdlib>
 #include <ctime>
+#include <functional>
 #include <memory>
-#include <regex>
 
 #include "CommonSource/FilterFrame/Source/JobCopy.h"
 #include "CommonSource/FilterFrame/Source/JobRun.h"
 #include "support/DecompositionJob.h"
+#include "support/FilterProcess.h"
 
 namespace fs = std::filesystem;
 
@@ -29,12 +30,31 @@ const std::string kMode2Line = "%%BeginFeature: *KVTonerSaver Mode2\n";
 const std::string kMode2 = "@PJL SET ECONOMODE=MODE2\n";
 const std::string kMode3Line = "%%BeginFeature: *KVTonerSaver Mode3\n";
 const std::string kMode3 = "@PJL SET ECONOMODE=MODE3\n";
-const std::string kNoDocument = std::string(kHeader) + kTrailer;
+
+// Whether a file is named "kvPPDPJL", 14 digits of time and `suffix`.
+bool IsTimeAnd(const std::string &suffix, const fs::path &path) {
+    const std::string name = path.filename().string(), start = "kvPPDPJL";
+    return name.size() == start.size() + 14 + suffix.size() && name.starts_with(start) &&
+           name.ends_with(suffix) &&
+           name.substr(start.size(), 14).find_first_not_of("0123456789") == name.npos;
+}
 
 class DecompositionFile : public testing::Test {
   protected:
     void SetUp() override {
         if (fs::is_directory("/private/tmp")) GTEST_SKIP() << "the file is made in /private/tmp";
+    }
+
+    // A filter at work, with its temporary file in `folder`.
+    std::unique_ptr<FilterProcess> Start(const TempFolder &folder,
+                                         const std::string &copies = "1") {
+        const FilterJob job;
+        setenv("TMPDIR", folder.Path().c_str(), 1);
+        auto filter = std::make_unique<FilterProcess>(
+            std::vector<std::string>{job.id, job.user, job.title, copies, job.options},
+            FilterProcess::kPipe, ppd_);
+        unsetenv("TMPDIR");
+        return filter;
     }
 
     // The contents of the only file in the folder.
@@ -45,106 +65,116 @@ class DecompositionFile : public testing::Test {
     }
 
     const TempFolder folder_;
+    const TempFolder ppdFolder_;
+    const std::string ppd_ = ppdFolder_.Write("queue.ppd", DecompositionPpd());
 };
 
 TEST_F(DecompositionFile, IsPrivateAndNamedAfterTheTime) {
-    RunningFilter filter(DecompositionJob(folder_, "bp\nep\nbp\n"));
-    ASSERT_TRUE(filter.AwaitErrors("PAGE:1 1\n"));
+    const auto filter = Start(folder_);
+    filter->Write("bp\nep\nbp\n");
+    ASSERT_EQ(filter->ReadErrorLine(), "PAGE:1 1\n");
     const auto files = Files(folder_);
     ASSERT_EQ(files.size(), 1U);
-    EXPECT_TRUE(
-        std::regex_match(files[0].filename().string(), std::regex("kvPPDPJL[0-9]{14}\\.job")));
+    EXPECT_TRUE(IsTimeAnd(".job", files[0])) << files[0];
     struct stat status;
     ASSERT_EQ(stat(files[0].c_str(), &status), 0);
     EXPECT_EQ(status.st_mode, S_IFREG | 0600U);
-    EXPECT_EQ(filter.Finish().output, Framed("", "bp\nep\n\n"));
+    filter->CloseInput();
+    EXPECT_EQ(filter->ReadToEnd(), Framed("", "bp\nep\n\n"));
     EXPECT_TRUE(Files(folder_).empty());
 }
 
+// Takes every name that the file may get in the next ten minutes.
+std::size_t TakeNames(const TempFolder &folder, const std::function<void(const fs::path &)> &take) {
+    const std::time_t now = std::time(nullptr);
+    std::size_t count = 0;
+    for (std::time_t second = now; second < now + 600; second++, count++) {
+        char name[64];
+        std::strftime(name, sizeof name, "kvPPDPJL%Y%m%d%H%M%S.job", std::localtime(&second));
+        take(folder.Path() / name);
+    }
+    return count;
+}
+
 TEST_F(DecompositionFile, IsNeverMadeThroughATakenName) {
-    const fs::path precious = folder_.Write("precious", "do not touch");
-    enum { kLink, kDanglingLink, kFile };
-    for (const int kind : {kLink, kDanglingLink, kFile}) {
+    const std::string precious = ppdFolder_.Write("precious", "do not touch");
+    const std::string missing = ppdFolder_.Path() / "missing";
+    const std::function<void(const fs::path &)> kWaysToTake[] = {
+        [&](const fs::path &path) { fs::create_symlink(precious, path); },
+        [&](const fs::path &path) { fs::create_symlink(missing, path); },
+        [&](const fs::path &path) { fs::copy(precious, path); },
+    };
+    for (const auto &take : kWaysToTake) {
         const TempFolder folder;
-        std::size_t planted = 0;
-        for (std::time_t second = std::time(nullptr), end = second + 600; second < end; second++) {
-            char name[64];
-            std::strftime(name, sizeof name, "kvPPDPJL%Y%m%d%H%M%S.job", std::localtime(&second));
-            const fs::path path = folder.Path() / name;
-            if (kind == kLink) fs::create_symlink(precious, path);
-            if (kind == kDanglingLink) fs::create_symlink(folder_.Path() / "new", path);
-            if (kind == kFile) folder.Write(name, "do not touch");
-            planted++;
-        }
-        RunningFilter filter(DecompositionJob(folder, "bp\nep\nbp\n"));
-        ASSERT_TRUE(filter.AwaitErrors("PAGE:1 1\n"));
-        const std::regex ours("kvPPDPJL[0-9]{14}-" + std::to_string(filter.Process()) + "\\.job");
+        const std::size_t taken = TakeNames(folder, take);
+        const auto filter = Start(folder);
+        filter->Write("bp\nep\nbp\n");
+        ASSERT_EQ(filter->ReadErrorLine(), "PAGE:1 1\n");
+        const std::string suffix = "-" + std::to_string(filter->Id()) + ".job";
         const auto files = Files(folder);
-        EXPECT_EQ(files.size(), planted + 1);
+        EXPECT_EQ(files.size(), taken + 1);
         EXPECT_EQ(std::count_if(files.begin(), files.end(),
-                                [&](const fs::path &path) {
-                                    return std::regex_match(path.filename().string(), ours);
-                                }),
+                                [&](const fs::path &path) { return IsTimeAnd(suffix, path); }),
                   1);
-        EXPECT_EQ(filter.Finish().output, Framed("", "bp\nep\n\n"));
-        EXPECT_EQ(Files(folder).size(), planted);
-        EXPECT_EQ(folder_.Read("precious"), "do not touch");
-        EXPECT_EQ(Files(folder_).size(), 1U);
-        if (kind != kFile) continue;
+        filter->CloseInput();
+        EXPECT_EQ(filter->ReadToEnd(), Framed("", "bp\nep\n\n"));
+        EXPECT_FALSE(fs::exists(missing));
+        EXPECT_EQ(Files(folder).size(), taken);
         for (const fs::path &path : Files(folder)) {
-            EXPECT_EQ(folder.Read(path.filename()), "do not touch");
+            EXPECT_EQ(folder.Read(path.filename()), fs::exists(path) ? "do not touch" : "");
         }
     }
 }
 
 TEST_F(DecompositionFile, BelongsToOneOf50JobsStartedAtOnce) {
-    constexpr int kJobs = 50;
-    std::vector<std::unique_ptr<RunningFilter>> filters;
+    constexpr std::size_t kJobs = 50;
+    std::vector<std::unique_ptr<FilterProcess>> filters;
     std::vector<std::string> documents;
-    for (int i = 0; i < kJobs; i++) {
+    for (std::size_t i = 0; i < kJobs; i++) filters.push_back(Start(folder_, std::to_string(i)));
+    for (std::size_t i = 0; i < kJobs; i++) {
         const std::string words = "(job " + std::to_string(i) + ") show\n";
         std::string page = "bp\n";
         for (int line = 0; line < 3000; line++) page += words;
         documents.push_back(page + "ep\n" + (i % 2 ? kMode2Line : kMode3Line) + words);
-        FilterJob job = DecompositionJob(folder_, documents.back());
-        job.copies = std::to_string(i);
-        filters.push_back(std::make_unique<RunningFilter>(job));
+        filters[i]->Write(documents[i]);
     }
     // All files are there at the same time, before any is sent.
-    for (int i = 0; i < kJobs; i++) {
-        ASSERT_TRUE(filters[i]->AwaitErrors("PAGE:1 " + std::to_string(i) + "\n"));
+    for (std::size_t i = 0; i < kJobs; i++) {
+        EXPECT_EQ(filters[i]->ReadErrorLine(), "PAGE:1 " + std::to_string(i) + "\n");
     }
-    EXPECT_EQ(Files(folder_).size(), kJobs * 1U);
-    for (int i = 0; i < kJobs; i++) {
-        filters[i]->Send("\x04");
-        EXPECT_TRUE(filters[i]->Finish().output == Framed(i % 2 ? kMode2 : kMode3, documents[i]))
-            << i;
+    EXPECT_EQ(Files(folder_).size(), kJobs);
+    for (std::size_t i = 0; i < kJobs; i++) {
+        filters[i]->Write("\x04");
+        filters[i]->CloseInput();
+        EXPECT_TRUE(filters[i]->ReadToEnd() == Framed(i % 2 ? kMode2 : kMode3, documents[i])) << i;
+        EXPECT_EQ(filters[i]->Wait(), 0);
     }
     EXPECT_TRUE(Files(folder_).empty());
 }
 
 TEST_F(DecompositionFile, StaysWhenTheFirstPageIsCancelled) {
-    RunningFilter filter(DecompositionJob(folder_));
+    const auto filter = Start(folder_);
     while (Files(folder_).empty()) usleep(1000);  // the job is at its document
-    kill(filter.Process(), SIGTERM);
-    filter.Send(kMode2Line + "page one\nep\n" + kMode3Line);
-    const FilterResult result = filter.Finish();
-    EXPECT_EQ(result.output, kHeader + kMode2 + kTrailer);
-    EXPECT_EQ(result.errors, "");
-    EXPECT_EQ(result.status, 0);
+    filter->Signal(SIGTERM);
+    filter->Write(kMode2Line + "page one\nep\n" + kMode3Line);
+    filter->CloseInput();
+    EXPECT_EQ(filter->ReadToEnd(), Header() + kMode2 + kTrailer);
+    EXPECT_EQ(filter->ReadErrorsToEnd(), "");
+    EXPECT_EQ(filter->Wait(), 0);
     EXPECT_EQ(OnlyFile(), kMode2Line + "page one\n");
 }
 
 TEST_F(DecompositionFile, StaysWhenTheSecondPageIsCancelled) {
     for (const std::string end : {"ep", "endp", "showpage"}) {
-        RunningFilter filter(DecompositionJob(folder_, kMode2Line + "ep\nnext\n"));
-        ASSERT_TRUE(filter.AwaitErrors("PAGE:1 1\n"));
-        kill(filter.Process(), SIGTERM);
-        filter.Send("page two\n" + end + "\n" + kMode3Line);
-        const FilterResult result = filter.Finish();
-        EXPECT_EQ(result.output, kHeader + kMode2 + kTrailer);
-        EXPECT_EQ(result.errors, "PAGE:1 1\n");
-        EXPECT_EQ(result.status, 0);
+        const auto filter = Start(folder_);
+        filter->Write(kMode2Line + "ep\nnext\n");
+        ASSERT_EQ(filter->ReadErrorLine(), "PAGE:1 1\n");
+        filter->Signal(SIGTERM);
+        filter->Write("page two\n" + end + "\n" + kMode3Line);
+        filter->CloseInput();
+        EXPECT_EQ(filter->ReadToEnd(), Header() + kMode2 + kTrailer);
+        EXPECT_EQ(filter->ReadErrorsToEnd(), "");
+        EXPECT_EQ(filter->Wait(), 0);
         EXPECT_EQ(OnlyFile(), kMode2Line + "ep\nnext\npage two\n");
         fs::remove(Files(folder_).at(0));
     }
@@ -154,25 +184,26 @@ TEST_F(DecompositionFile, IsSentToAPageEndAndRemovedWhenCancelledThen) {
     for (const std::string end : {"ep", "endp", "showpage"}) {
         // A page that fills the pipe, so that the job is still at it.
         const std::string page = std::string(4 << 20, 'x') + "\n" + end + "\n";
-        RunningFilter filter(DecompositionJob(folder_, page + page + "\x04"));
-        filter.SendAll();
-        ASSERT_TRUE(filter.AwaitOutput(kEnterPostScript));
-        kill(filter.Process(), SIGTERM);
-        const FilterResult result = filter.Finish();
-        EXPECT_TRUE(result.output == Framed("", page)) << end;
-        EXPECT_EQ(result.status, 0);
+        const auto filter = Start(folder_);
+        filter->Write(page + page + "\x04");
+        filter->CloseInput();
+        std::string output = filter->ReadUntil(kEnterPostScript);
+        filter->Signal(SIGTERM);
+        output += filter->ReadToEnd();
+        EXPECT_TRUE(output == Framed("", page)) << end;
+        EXPECT_EQ(filter->Wait(), 0);
         EXPECT_TRUE(Files(folder_).empty());
     }
 }
 
 TEST_F(DecompositionFile, LeavesTheJobWithoutADocumentWhenItIsGone) {
-    RunningFilter filter(DecompositionJob(folder_, kMode2Line + "bp\nep\n"));
-    filter.Send("more\n");
-    ASSERT_TRUE(filter.AwaitErrors("PAGE:1 1\n"));
+    const auto filter = Start(folder_);
+    filter->Write(kMode2Line + "bp\nep\nbp\n");
+    ASSERT_EQ(filter->ReadErrorLine(), "PAGE:1 1\n");
     fs::remove(Files(folder_).at(0));
-    const FilterResult result = filter.Finish();
-    EXPECT_EQ(result.output, Framed(kMode2, ""));
-    EXPECT_EQ(result.status, 0);
+    filter->CloseInput();
+    EXPECT_EQ(filter->ReadToEnd(), Framed(kMode2, ""));
+    EXPECT_EQ(filter->Wait(), 0);
 }
 
 TEST_F(DecompositionFile, IsNotMadeWhereThereIsNoFolder) {
@@ -180,7 +211,7 @@ TEST_F(DecompositionFile, IsNotMadeWhereThereIsNoFolder) {
     for (const std::string folder : {"/nonexistent", "/dev/null"}) {
         job.environment = {{"TMPDIR", folder}};
         const FilterResult result = RunFilter(job);
-        EXPECT_EQ(result.output, kNoDocument);
+        EXPECT_EQ(result.output, Header() + kTrailer);
         EXPECT_EQ(result.errors, "");
         EXPECT_EQ(result.status, 0);
     }
@@ -215,7 +246,7 @@ TEST_F(FullFileSystem, SendsWhatCouldBeStoredToItsLastLineEnd) {
 
     std::string pjl;
     for (int i = 0; i < 100; i++) pjl += i % 2 ? kMode2 : kMode3;
-    const std::string start = kHeader + pjl + kEnterPostScript;
+    const std::string start = Header() + pjl + kEnterPostScript;
     ASSERT_TRUE(result.output.starts_with(start));
     ASSERT_TRUE(result.output.ends_with(kTrailer));
     const std::string sent = result.output.substr(
@@ -243,7 +274,7 @@ TEST_F(FullFileSystem, SendsNoDocumentWhenNothingCouldBeStored) {
 TEST_F(FullFileSystem, SendsNoDocumentWhenNoFileCouldBeMade) {
     ASSERT_TRUE(Mount("nr_inodes=1"));
     const FilterResult result = RunFilter(DecompositionJob(folder_, kMode2Line + "ep\n\x04"));
-    EXPECT_EQ(result.output, kNoDocument);
+    EXPECT_EQ(result.output, Header() + kTrailer);
     EXPECT_EQ(result.status, 0);
 }
 
@@ -261,7 +292,8 @@ std::string RunWithJobCopy(const TempFolder &work, const TempFolder &folder,
         setenv("PPD", ppd.c_str(), 1);
         dup2(open(input.c_str(), O_RDONLY), STDIN_FILENO);
         dup2(open(output.c_str(), O_WRONLY), STDOUT_FILENO);
-        std::string words[] = {"kvfilter", "1", "user", "title", "1", ""};
+        FilterJob job;
+        std::string words[] = {"kvfilter", job.id, job.user, job.title, job.copies, job.options};
         char *argv[7] = {};
         for (int i = 0; i < 6; i++) argv[i] = words[i].data();
         _exit(RunJob(6, argv));
@@ -282,9 +314,9 @@ TEST_F(DecompositionFile, IsInTheJobCopyAsItIsMadeAndNotAsItIsSent) {
         "@PJL SET JOBATTR=\"@ICPR=3\"\n";
     EXPECT_EQ(RunWithJobCopy(work, folder_, document + "\x04"),
               Framed(kMode2 + settings + kMode3, document));
-    EXPECT_EQ(OnlyFile(), std::string(kHeader) + "%!PS\n" + kMode2 + kMode2Line + "bp\nep\n" +
-                              settings + "/TCPR 1 /GCPR 2 /ICPR 3\n" + kMode3 + kMode3Line +
-                              "showpage\n\x04" + kEnterPostScript + kTrailer);
+    EXPECT_EQ(OnlyFile(), Header() + "%!PS\n" + kMode2 + kMode2Line + "bp\nep\n" + settings +
+                              "/TCPR 1 /GCPR 2 /ICPR 3\n" + kMode3 + kMode3Line + "showpage\n\x04" +
+                              kEnterPostScript + kTrailer);
 }
 
 TEST_F(DecompositionFile, IsInTheJobCopyWithTheLastByteAndOneCtrlD) {
@@ -301,7 +333,7 @@ TEST_F(DecompositionFile, IsInTheJobCopyWithTheLastByteAndOneCtrlD) {
     for (const auto &[document, copied, sent] : kCases) {
         const TempFolder work;
         EXPECT_EQ(RunWithJobCopy(work, folder_, document), Framed("", sent));
-        EXPECT_EQ(OnlyFile(), kHeader + copied + kEnterPostScript + kTrailer);
+        EXPECT_EQ(OnlyFile(), Header() + copied + kEnterPostScript + kTrailer);
         fs::remove(Files(folder_).at(0));
     }
 }
