@@ -4,12 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <map>
 #include <set>
 #include <string>
 
 #include "CommonSource/FilterFrame/Source/JobHeader.h"
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
 #include "Modules/PBind/PerfectBindParam.h"
+#include "Tables/FeaturePJLTable.h"
 
 namespace {
 
@@ -114,5 +116,38 @@ TEST(SamplePpd, PressKnowsThePageSizesThatItBinds) {
         EXPECT_EQ(choices.size(), 23u) << keyword;
         for (const std::string &choice : choices)
             EXPECT_TRUE(ppdPageSize(JobPPD(), choice.c_str())) << choice;
+    }
+}
+
+TEST(SamplePpd, ColorPrinterOffersAllThatBecomesPjl) {
+    Open("kv1160p");
+    std::map<std::string, std::set<std::string>> features;
+    for (std::int32_t i = 0; i < kFeaturePJLRowCount; i++) {
+        const FeaturePJLRow &row = FeaturePPDKeyNameandMarkedValuetoPJLCommand[i];
+        features[std::string(row.keyword)].emplace(row.value);
+    }
+    // Resolutions have a rule of their own.
+    features["KVOutputMode"].insert({"600x600", "1200x1200"});
+    EXPECT_EQ(features.size(), 23u);
+    for (const auto &[keyword, values] : features)
+        EXPECT_EQ(ChoicesOf(keyword.c_str()), values) << keyword;
+}
+
+// CUPS writes no line for a choice without code, and the lines of the same order in any order.
+TEST(SamplePpd, ChoicesThatBecomePjlHaveCodeAndAnOrder) {
+    for (const char *model : {"kv1150p", "kv1160p"}) {
+        SCOPED_TRACE(model);
+        Open(model);
+        std::set<float> orders;
+        for (const ppd_option_t *option = ppdFirstOption(JobPPD()); option;
+             option = ppdNextOption(JobPPD())) {
+            if (option->section != PPD_ORDER_ANY || option->choices[0].choice == std::string("A4"))
+                continue;
+            SCOPED_TRACE(option->keyword);
+            EXPECT_TRUE(orders.insert(option->order).second);
+            for (int i = 0; i < option->num_choices; i++)
+                EXPECT_STRNE(option->choices[i].code, "") << option->choices[i].choice;
+        }
+        EXPECT_GE(orders.size(), 7u);
     }
 }
