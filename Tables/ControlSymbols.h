@@ -3,6 +3,7 @@
 // The control symbols of a command's format string, and the characters that fill "%c".
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 // How the value of a control symbol is printed.
@@ -28,6 +29,17 @@ inline constexpr CtrlSymEntry ctrlSymTalbe[] = {
 };
 inline constexpr std::int32_t CtrlSymNum = 3;
 static_assert(sizeof ctrlSymTalbe / sizeof *ctrlSymTalbe == CtrlSymNum);
+
+// The control symbols in `format`, which takes as many values.
+constexpr std::size_t CountCtrlSyms(const char *format) {
+    std::size_t count = 0;
+    for (; *format != '\0'; format++) {
+        for (const CtrlSymEntry &entry : ctrlSymTalbe) {
+            if (format[0] == entry.sym[0] && format[1] == entry.sym[1]) count++;
+        }
+    }
+    return count;
+}
 
 inline constexpr char CTRLSym_ESC = 0x1B;
 inline constexpr char CTRLSym_CR = 0x0D;

@@ -1,6 +1,47 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Modules/Comment/Booklet.h"
 
+#include <cstring>
+
+#include "CommonSource/FilterFrame/Source/JobPPD.h"
+#include "Modules/Comment/CommentTicket.h"
+#include "Modules/Comment/JobInfoLine.h"
+
+namespace {
+
+// Two and six pages turn the sheet; any other number keeps the document's own direction.
+bool IsLandscapeSheet(const CommentOptions &job) {
+    const std::int32_t direction = job.orientation;
+    if (*job.pagesPerSheet == '\0') return false;
+    const std::int32_t pages = LeadingInteger(job.pagesPerSheet);
+    if (pages == 2 || pages == 6) {
+        return direction == OptionPortrait || direction == OptionRotatedPortrait;
+    }
+    return direction == OptionLandscape || direction == OptionRotatedLandscape;
+}
+
+// The side that the kind of booklet names, or null.
+const char *BindingSide(const CommentText &signature) {
+    if (std::strstr(signature, "Left")) return "LEFT";
+    if (std::strstr(signature, "Right")) return "RIGHT";
+    return nullptr;
+}
+
+const char *Division(const CommentOptions &job) {
+    if (job.signature == kOptionNone) return "OFF";
+    const bool divided = *job.signatureVolume && job.signatureVolume != kOptionNone;
+    return divided ? "MANUALDIVIDE" : "NONEDIVIDE";
+}
+
+}  // namespace
+
 int OutputKPJLCommandforBooklet() {
-    return 1;
+    if (!JobPPDAttributeIs(KPPDPrinterLanguageEncodingKey, "UTF-8")) return 0;
+    const CommentOptions &job = psoptioncomment;
+    const int result =
+        PutSetting("JOBATTR=\"@DIND=%s\"\n", IsLandscapeSheet(job) ? "LANDSCAPE" : "PORTRAIT");
+    if (*job.signature == '\0') return result;
+    const char *side = job.signature == kOptionNone ? "OFF" : BindingSide(job.signature);
+    if (side) PutSetting("JOBATTR=\"@DIBB=%s\"\n", side);
+    return PutSetting("JOBATTR=\"@DIBK=%s\"\n", Division(job));
 }

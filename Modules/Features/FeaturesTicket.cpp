@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Modules/Features/FeaturesTicket.h"
 
+#include <iterator>
+
 FeaturesOptions kpjlOptionFeatures;
 
 namespace {
@@ -30,7 +32,7 @@ FeaturesOptions &f = kpjlOptionFeatures;
 }  // namespace
 
 // clang-format off
-const ticketData FeaturesticketData[FeaturesTicketDataNum] = {
+const ticketData FeaturesticketData[] = {
     {kTabMarginCheckBoxTicketKey,     &f.tabMarginSwitch,     sizeof f.tabMarginSwitch,      GetTicketInteger},
     {kTrimmerCheckBoxTicketKey,       &f.trimmerSwitch,       sizeof f.trimmerSwitch,        GetTicketInteger},
     {kBookletMarginCheckBoxTicketKey, &f.bookletMarginSwitch, sizeof f.bookletMarginSwitch,  GetTicketInteger},
@@ -52,6 +54,7 @@ const ticketData FeaturesticketData[FeaturesTicketDataNum] = {
     {kWhetherMediaTypeTabTicketKey,   &f.whetherMediaTypeTab, sizeof f.whetherMediaTypeTab,  GetTicketInteger},
 };
 // clang-format on
+static_assert(std::size(FeaturesticketData) == FeaturesTicketDataNum);
 
 int FeaturesGetTicketFromPDE(char *const argv[]) {
     return GetTicketFromArray(argv, FeaturesticketData, FeaturesTicketDataNum);

@@ -33,7 +33,7 @@ struct FeaturesOptions {
 extern FeaturesOptions kpjlOptionFeatures;
 
 constexpr std::int32_t FeaturesTicketDataNum = 19;
-extern const ticketData FeaturesticketData[FeaturesTicketDataNum];
+extern const ticketData FeaturesticketData[];
 
 // Fills kpjlOptionFeatures from argv[5]. Returns 1.
 int FeaturesGetTicketFromPDE(char *const argv[]);

@@ -1,8 +1,26 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Modules/SpecialPage/SpecialPageTicket.h"
 
-int SpecialPageGetTicketFromPDE(char *const[]) {
-    return 1;
+SpecialPageOptions psOptionSpecialPage;
+
+namespace {
+
+SpecialPageOptions &s = psOptionSpecialPage;
+
+}  // namespace
+
+// clang-format off
+const ticketData SpecialPageTicketData[SpecialPageTicketDataNum] = {
+    {kSPKPCoverCountKey,     &s.coverCount,     sizeof s.coverCount,     GetTicketInteger},
+    {kSPKPInsertionCountKey, &s.insertionCount, sizeof s.insertionCount, GetTicketInteger},
+    {kSPKPExceptionCountKey, &s.exceptionCount, sizeof s.exceptionCount, GetTicketInteger},
+};
+// clang-format on
+
+int SpecialPageGetTicketFromPDE(char *const argv[]) {
+    return GetTicketFromArray(argv, SpecialPageTicketData, SpecialPageTicketDataNum);
 }
 
-void SpecialPageInializeDescriptionTable() {}
+void SpecialPageInializeDescriptionTable() {
+    psOptionSpecialPage = {};
+}

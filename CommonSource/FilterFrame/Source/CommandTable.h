@@ -23,10 +23,23 @@ struct CommandValue {
     const void *pointer;
     const char *name;
 };
-#define KV_VALUE(variable)     \
-    CommandValue {             \
-        &(variable), #variable \
-    }
+#define KV_VALUE(variable) NamedValue(variable, #variable)
+
+template <class Variable>
+constexpr CommandValue NamedValue(const Variable &variable, const char *name) {
+    return {&variable, name};
+}
+template <class Variable>
+void NamedValue(const Variable &&, const char *) = delete;  // a table needs a variable that stays
+// What has a name already keeps it.
+constexpr CommandValue NamedValue(const CommandValue &value, const char *) {
+    return value;
+}
+
+// The control characters of a command line.
+inline constexpr CommandValue kQuote = KV_VALUE(CTRLSym_DOUBLE);
+inline constexpr CommandValue kCR = KV_VALUE(CTRLSym_CR);
+inline constexpr CommandValue kLF = KV_VALUE(CTRLSym_LF);
 
 // The parameter set of a row: value k fills control symbol k of the format, from the left.
 struct SymParaTable {
@@ -40,6 +53,24 @@ struct ComparationItem {
     CommandValue reference;
     CompareFunc compareFunc;
 };
+
+// The reference of a condition that needs none.
+inline constexpr std::int32_t OptionNULLStr = 0;
+
+#define KV_CONDITION(value, reference, compareFunc)       \
+    ComparationItem {                                     \
+        KV_VALUE(value), KV_VALUE(reference), compareFunc \
+    }
+// What a condition can ask of an integer,
+#define KV_IS(value, constant) KV_CONDITION(value, constant, IntCampareFunc)
+#define KV_IS_NOT(value, constant) KV_CONDITION(value, constant, IntNoEqualCampareFunc)
+// of a text and a constant that points to one,
+#define KV_TEXT_IS(value, constant) KV_CONDITION(value, constant, StrEqualCampareFunc)
+#define KV_TEXT_HAS(value, constant) KV_CONDITION(value, constant, StrContainCampareFunc)
+#define KV_TEXT_LACKS(value, constant) KV_CONDITION(value, constant, StrNotContainCampareFunc)
+// and of a text alone.
+#define KV_GIVEN(value) KV_CONDITION(value, OptionNULLStr, StrNoNULLCampareFunc)
+#define KV_EMPTY(value) KV_CONDITION(value, OptionNULLStr, StrIsNULLCampareFunc)
 
 // The condition set of a row: all must hold; an empty set holds.
 struct ComparationTable {
@@ -56,16 +87,28 @@ struct PrtFmtEntry {
     const char *name;  // the <Command> of the row's arrays
 };
 
-// The row of a command whose arrays are named by the convention: with values and conditions, and
-// with conditions only.
-#define KV_ROW(command)                                                        \
-    PrtFmtEntry {                                                              \
-        prtfmtStr##command, &symPara##command, &comparation##command, #command \
-    }
-#define KV_ROW_WITHOUT_VALUES(command)                               \
-    PrtFmtEntry {                                                    \
-        prtfmtStr##command, nullptr, &comparation##command, #command \
-    }
+// The row of a command whose arrays are named by the convention: with values, and with conditions
+// only. A row whose values are not as many as its format's control symbols does not compile.
+#define KV_ROW(command)                                                                      \
+    CommandRow(prtfmtStr##command, symPara##command, cmdPara##command, comparation##command, \
+               #command)
+#define KV_ROW_WITHOUT_VALUES(command) \
+    CommandRow(prtfmtStr##command, comparation##command, #command)
+
+void FormatDisagreesWithValues();  // defined nowhere, and named in the compiler's message
+
+template <std::size_t count>
+consteval PrtFmtEntry CommandRow(const char *format, const SymParaTable &values,
+                                 const CommandValue (&)[count], const ComparationTable &conditions,
+                                 const char *name) {
+    if (CountCtrlSyms(format) != count) FormatDisagreesWithValues();
+    return {format, &values, &conditions, name};
+}
+consteval PrtFmtEntry CommandRow(const char *format, const ComparationTable &conditions,
+                                 const char *name) {
+    if (CountCtrlSyms(format) != 0) FormatDisagreesWithValues();
+    return {format, nullptr, &conditions, name};
+}
 
 // Bind a set to its list.
 void InitializeCmdParaTable(SymParaTable *set, std::uint32_t num, const CommandValue *list);
@@ -81,6 +124,11 @@ template <std::uint32_t num>
 void InitializeComparationTable(ComparationTable &set, const ComparationItem (&items)[num]) {
     InitializeComparationTable(&set, num, items);
 }
+
+// The same for a command whose arrays are named by the convention.
+#define KV_BIND_VALUES(command) InitializeCmdParaTable(symPara##command, cmdPara##command)
+#define KV_BIND_CONDITIONS(command) \
+    InitializeComparationTable(comparation##command, comparationItem##command)
 
 // 1 if every condition of the set holds, else 0; stops at the first that does not.
 int ConditionCompare(const ComparationTable *set);

@@ -82,8 +82,9 @@ bool DocumentReader::FindRecognisedLine(DocumentPiece &line) {
         const char *hit = (lineMayMatter_ ? search_->findLineEnd : findLine)(scan_, limit_);
         if (hit == limit_) break;
         scan_ = hit + 1;
+        const bool hasSigns = lineMayMatter_;
         lineMayMatter_ = !IsLineEnd(*hit);
-        if (!lineMayMatter_ && Recognise(hit, line)) {
+        if (!lineMayMatter_ && Recognise(hit, hasSigns, line)) {
             lineStart_ = scan_;
             return true;
         }
@@ -92,7 +93,9 @@ bool DocumentReader::FindRecognisedLine(DocumentPiece &line) {
     return false;
 }
 
-bool DocumentReader::Recognise(const char *lineEnd, DocumentPiece &line) const {
+// Whether the line that ends at `lineEnd` is a special one or, if the search has seen signs of it,
+// holds feature code or settings.
+bool DocumentReader::Recognise(const char *lineEnd, bool hasSigns, DocumentPiece &line) const {
     const char *start = LineStart(lineStart_, lineEnd);
     const std::size_t length = static_cast<std::size_t>(lineEnd - start);
     start += length / kLineBufferFull * kLineBufferFull;
@@ -100,7 +103,7 @@ bool DocumentReader::Recognise(const char *lineEnd, DocumentPiece &line) const {
     line = {DocumentPiece::kSpecial, {start, text.size() + 1}, nullptr};
     if (text.size() <= kLongestSpecialLine) line.special = FindSpecialLine(text);
     if (line.special) return true;
-    if (mode_ == kPlain) return false;
+    if (!hasSigns) return false;
     line.kind = DocumentPiece::kFeature;
     if (text.starts_with(kBeginFeature)) return true;
     line.kind = DocumentPiece::kSettings;

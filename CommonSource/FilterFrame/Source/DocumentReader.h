@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "CommonSource/FilterFrame/Source/LineSearch.h"
+#include "CommonSource/FilterFrame/Source/PipeCapacity.h"
 #include "CommonSource/FilterFrame/Source/PostScriptLines.h"
 
 // Bytes of a line, without its end, that are passed on before the end is seen.
@@ -48,13 +49,13 @@ class DocumentReader {
 
   private:
     bool FindRecognisedLine(DocumentPiece &line);
-    bool Recognise(const char *lineEnd, DocumentPiece &line) const;
+    bool Recognise(const char *lineEnd, bool hasSigns, DocumentPiece &line) const;
     bool TakeRun(DocumentPiece &piece);
     bool Refill();
 
     // Before the block there is room for the line that the previous block left unfinished.
     static constexpr std::size_t kRoom = 8192;
-    static constexpr std::size_t kBlock = 128 * 1024;
+    static constexpr std::size_t kBlock = kPipeCapacity;
 
     const LineSearch *search_;
     Mode mode_;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CommonSource/FilterFrame/Source/JobRun.h"
 
+#include <unistd.h>
+
 #include <csignal>
 #include <cstdio>
 #include <cstring>
@@ -12,6 +14,7 @@
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "CommonSource/FilterFrame/Source/NameValidation.h"
+#include "CommonSource/FilterFrame/Source/PipeCapacity.h"
 #include "CommonSource/FilterFrame/Source/PostScriptPass.h"
 #include "CommonSource/FilterFrame/Source/TextEncoding.h"
 #include "CommonSource/FilterFrame/Source/UtilityFunctionFilter.h"
@@ -57,6 +60,8 @@ int RunJob(int argc, char *argv[]) {
     OpenJobCopy();
     FindClient();
     std::setbuf(stderr, nullptr);  // the page log must reach the scheduler at once
+    WidenPipe(STDIN_FILENO);
+    WidenPipe(STDOUT_FILENO);
     if (GetTicketFromPDE(argv) == 1) OutputKPJLCommand(argv);
     if (JobPPDAttributeIs(KPPDPSDecompModeKey, "1")) {
         OutputPSStreamtoFileandInsertPJLforFeaturePDE(argc, argv);

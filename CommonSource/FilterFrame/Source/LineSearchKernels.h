@@ -21,14 +21,19 @@ V LineEnds(const char *at) {
     return V::Equal(bytes, '\n') | V::Equal(bytes, '\r');
 }
 
-// Line ends behind "p" (ep, endp, bp, %%EndSetup, %%EndPageSetup), "e" (showpage), "g"
-// (%%EndProlog,
-// %%BeginProlog) or "t" (userdict/setpagedevice{pop}bind put).
+// Line ends behind the two bytes that a special line may end in: "ep", "bp", "dp" (endp), "up"
+// (%%EndSetup, %%EndPageSetup), "ge" (showpage), "og" (%%EndProlog, %%BeginProlog), "ut"
+// (userdict/setpagedevice{pop}bind put).
 template <class V>
 V SpecialLineEnds(const char *at) {
-    const V before = V::Load(at - 1);
-    return LineEnds<V>(at) & (V::Equal(before, 'p') | V::Equal(before, 'e') |
-                              V::Equal(before, 'g') | V::Equal(before, 't'));
+    const V last = V::Load(at - 1);
+    const V before = V::Load(at - 2);
+    const V u = V::Equal(before, 'u');
+    return LineEnds<V>(at) &
+           ((V::Equal(last, 'p') &
+             (V::Equal(before, 'e') | V::Equal(before, 'b') | V::Equal(before, 'd') | u)) |
+            (V::Equal(last, 'e') & V::Equal(before, 'g')) |
+            (V::Equal(last, 'g') & V::Equal(before, 'o')) | (V::Equal(last, 't') & u));
 }
 
 template <class V>

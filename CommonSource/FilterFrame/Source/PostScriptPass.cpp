@@ -8,12 +8,6 @@
 
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
 
-namespace {
-
-constexpr int kEndOfPostScriptJob = 4;  // Ctrl-D
-
-}  // namespace
-
 DocumentReader documentReader;
 
 int OpenDocument(bool fromStandardInput, char *const argv[]) {

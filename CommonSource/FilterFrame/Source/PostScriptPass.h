@@ -5,6 +5,8 @@
 
 #include "CommonSource/FilterFrame/Source/DocumentReader.h"
 
+constexpr int kEndOfPostScriptJob = 4;  // Ctrl-D
+
 // The one reader of the process; a job reads one document at a time.
 extern DocumentReader documentReader;
 

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "CommonSource/FilterFrame/Source/DocumentReader.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "support/Feeder.h"
+#include "support/RandomDocument.h"
+
+namespace {
+
+// What a document consists of: its special lines with the place of each, and all that is handed
+// out.
+struct Contents {
+    std::string text;
+    std::vector<std::pair<std::size_t, std::string>> specials;
+    bool operator==(const Contents &) const = default;
+};
+
+// Byte by byte.
+Contents Expected(const std::string &document) {
+    Contents contents;
+    std::string line;
+    for (char byte : document) {
+        if (byte != '\n' && byte != '\r') {
+            line += byte;
+            if (line.size() == 8065) {
+                contents.text += line;
+                line.clear();
+            }
+            continue;
+        }
+        if (FindSpecialLine(line)) contents.specials.emplace_back(contents.text.size(), line);
+        contents.text += line + byte;
+        line.clear();
+    }
+    return contents;
+}
+
+Contents Read(DocumentReader &reader) {
+    Contents contents;
+    DocumentPiece piece;
+    while (reader.Next(piece)) {
+        EXPECT_FALSE(piece.text.empty());
+        if (piece.kind == DocumentPiece::kSpecial) {
+            EXPECT_EQ(piece.special->text, piece.text.substr(0, piece.text.size() - 1));
+            contents.specials.emplace_back(contents.text.size(), piece.special->text);
+        }
+        contents.text += piece.text;
+    }
+    return contents;
+}
+
+Contents ReadInPieces(const std::string &document, const std::vector<std::size_t> &sizes,
+                      const LineSearch &search) {
+    const auto reader = std::make_unique<DocumentReader>();
+    const Feeder feeder(document, sizes);
+    reader->Open(feeder.ReadEnd(), DocumentReader::kPlain, search);
+    return Read(*reader);
+}
+
+class DocumentReaderTest : public testing::TestWithParam<const LineSearch *> {};
+
+std::vector<const LineSearch *> Searches() {
+    std::vector<const LineSearch *> searches;
+    for (const LineSearch *const *s = AllLineSearches(); *s; s++) searches.push_back(*s);
+    return searches;
+}
+
+INSTANTIATE_TEST_SUITE_P(Variants, DocumentReaderTest, testing::ValuesIn(Searches()),
+                         [](const auto &variant) { return std::string(variant.param->name); });
+
+TEST_P(DocumentReaderTest, FindsEverySpecialLineAtEveryPlaceInAVector) {
+    for (const SpecialLine &special : specialLines) {
+        for (std::size_t before = 0; before < 70; before++) {
+            const std::string document = std::string(before, '-') + "\n" +
+                                         std::string(special.text) + "\n" +
+                                         std::string(before, 'p') + "\n";
+            EXPECT_EQ(ReadInPieces(document, {1000}, *GetParam()), Expected(document));
+            EXPECT_EQ(Expected(document).specials.size(), 1U);
+        }
+    }
+}
+
+TEST_P(DocumentReaderTest, ReadsHostileDocumentsAsTheDescriptionDoes) {
+    const std::vector<std::vector<std::size_t>> cuts = {{65536}, {1},    {7, 1, 4099}, {8064},
+                                                        {8065},  {8066}, {131072, 3}};
+    for (unsigned seed = 0; seed < 60; seed++) {
+        SCOPED_TRACE(seed);
+        RandomDocument random(seed);
+        const std::string document = random.Make(40);
+        const auto &sizes = cuts[seed % cuts.size()];
+        const Contents contents = ReadInPieces(document, sizes, *GetParam());
+        EXPECT_TRUE(contents == Expected(document));
+        EXPECT_GT(contents.specials.size(), 0U);
+    }
+}
+
+TEST_P(DocumentReaderTest, CutsLinesAtTheFullLineBuffer) {
+    for (const std::size_t length : {8064U, 8065U, 8066U, 8192U, 9000U, 20000U, 300000U}) {
+        for (const std::string tail : {"", "ep", "showpage"}) {
+            const std::string document =
+                "bp\r\n" + std::string(length, 'p') + tail + "\nep\r" + std::string(length, 'e');
+            SCOPED_TRACE(length);
+            EXPECT_TRUE(ReadInPieces(document, {4096}, *GetParam()) == Expected(document));
+        }
+    }
+    // Behind a cut, the rest of the line is a line of its own.
+    const std::string document = std::string(2 * 8065, 'x') + "ep\n";
+    const Contents contents = ReadInPieces(document, {100000}, *GetParam());
+    ASSERT_EQ(contents.specials.size(), 1U);
+    EXPECT_EQ(contents.specials[0].first, 2 * 8065U);
+}
+
+TEST_P(DocumentReaderTest, DropsATailWithoutLineEnd) {
+    for (const std::size_t length : {0U, 1U, 2U, 8064U, 8065U, 8066U}) {
+        const std::string tail(length, 'p');
+        EXPECT_EQ(ReadInPieces("first\n" + tail, {500}, *GetParam()).text,
+                  "first\n" + (length < 8065 ? "" : tail.substr(0, 8065)));
+    }
+    EXPECT_EQ(ReadInPieces("", {1}, *GetParam()).text, "");
+    EXPECT_EQ(ReadInPieces("ep", {1}, *GetParam()).text, "");
+}
+
+TEST(DocumentReader, RecognisesOnlyWholeLines) {
+    for (const char *line : {"%%EndSetup ", " %%EndSetup", "%%endsetup", "%%EndSetup%", "EP", "epp",
+                             "eep", "e p", "showpage;", "userdict/setpagedevice{pop}bind  put"}) {
+        const std::string document = std::string(line) + "\n";
+        EXPECT_TRUE(ReadInPieces(document, {64}, BestLineSearch()).specials.empty()) << line;
+    }
+    using namespace std::string_literals;
+    EXPECT_TRUE(ReadInPieces("ep\0\n"s, {64}, BestLineSearch()).specials.empty());
+    EXPECT_TRUE(ReadInPieces("\0ep\n"s, {64}, BestLineSearch()).specials.empty());
+}
+
+TEST(DocumentReader, HandsOutRunsWhole) {
+    const std::string run = "one\ntwo\r\nthree\n";
+    const auto reader = std::make_unique<DocumentReader>();
+    const Feeder feeder(run + "ep\n" + run, {1000});
+    reader->Open(feeder.ReadEnd(), DocumentReader::kPlain);
+    DocumentPiece piece;
+    ASSERT_TRUE(reader->Next(piece));
+    EXPECT_EQ(piece.kind, DocumentPiece::kRun);
+    EXPECT_EQ(piece.text, run);
+    ASSERT_TRUE(reader->Next(piece));
+    EXPECT_EQ(piece.kind, DocumentPiece::kSpecial);
+    EXPECT_EQ(piece.text, "ep\n");
+    ASSERT_TRUE(reader->Next(piece));
+    EXPECT_EQ(piece.text, run);
+    EXPECT_FALSE(reader->Next(piece));
+    EXPECT_FALSE(reader->Next(piece));
+}
+
+TEST(DocumentReader, HandsOutWhatHasArrivedBeforeTheEnd) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    const auto reader = std::make_unique<DocumentReader>();
+    reader->Open(ends[0], DocumentReader::kPlain);
+    DocumentPiece piece;
+    for (const std::string text : {"a line\n", "ep\n", "another\n"}) {
+        ASSERT_EQ(write(ends[1], text.data(), text.size()), static_cast<ssize_t>(text.size()));
+        ASSERT_TRUE(reader->Next(piece));  // would wait for ever if it wanted a full block
+        EXPECT_EQ(piece.text, text);
+    }
+    close(ends[1]);
+    EXPECT_FALSE(reader->Next(piece));
+    close(ends[0]);
+}
+
+TEST(DocumentReader, TakesAnUnreadableFileForAnEmptyDocument) {
+    const auto reader = std::make_unique<DocumentReader>();
+    DocumentPiece piece;
+    const int folder = open("/", O_RDONLY);
+    reader->Open(folder, DocumentReader::kPlain);
+    EXPECT_FALSE(reader->Next(piece));
+    close(folder);
+    reader->Open(-1, DocumentReader::kPlain);
+    EXPECT_FALSE(reader->Next(piece));
+}
+
+}  // namespace

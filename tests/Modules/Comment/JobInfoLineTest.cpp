@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Modules/Comment/JobInfoLine.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/CaptureOutput.h"
+#include "support/CommentJob.h"
+
+TEST(JobInfoLine, BeginsAsItsKindDoes) {
+    EXPECT_EQ(CaptureOutput([] { EXPECT_GE(PutJobInfo("A=%d[%s]\n", 7, "x%sy"), 0); }),
+              "@PJL COMMENT KVJOBINFO A=7[x%sy]\n");
+    EXPECT_EQ(CaptureOutput([] { EXPECT_GE(PutSetting("B=%c\n", '3'), 0); }), "@PJL SET B=3\n");
+}
+
+// The line end counts: a line that is too long loses it first.
+TEST(JobInfoLine, IsCutAt99Bytes) {
+    const std::string prefix = "@PJL COMMENT KVJOBINFO ";
+    for (const std::size_t length : {74U, 75U, 76U, 77U, 255U, 5000U}) {
+        SCOPED_TRACE(length);
+        const std::string text(length, 'x');
+        EXPECT_EQ(CaptureOutput([&] { PutJobInfo("%s\n", text.c_str()); }),
+                  (prefix + text + "\n").substr(0, 99));
+    }
+    const std::string text(200, 'y');
+    EXPECT_EQ(CaptureOutput([&] { PutSetting("%s\n", text.c_str()); }),
+              ("@PJL SET " + text).substr(0, 99));
+}
+
+TEST(JobInfoLine, ReturnsTheFailureOfTheWrite) {
+    EXPECT_EQ(ResultOfFailedWrite([] { return PutJobInfo("A\n"); }), EOF);
+    EXPECT_EQ(ResultOfFailedWrite([] { return PutSetting("A\n"); }), EOF);
+}

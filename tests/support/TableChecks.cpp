@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "support/TableChecks.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+#include "CommonSource/FilterFrame/Source/JobBuffers.h"
+
+namespace {
+
+std::size_t SymbolsOf(const char *format) {
+    std::size_t count = 0;
+    while ((format = GetNextCtrlSym(format)) != nullptr) {
+        count++;
+        format += 2;
+    }
+    return count;
+}
+
+void ExpectNamed(const CommandValue &value) {
+    ASSERT_NE(value.name, nullptr);
+    EXPECT_STRNE(value.name, "");
+    EXPECT_NE(value.pointer, nullptr) << value.name;
+}
+
+bool HasName(CompareFunc function) {
+    for (const CompareFuncName &known : compareFuncNames) {
+        if (known.compareFunc == function) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+void ExpectRows(std::span<const PrtFmtEntry> table, const std::vector<CommandRule> &rules) {
+    ASSERT_EQ(table.size(), rules.size());
+    std::set<std::string> names;
+    for (std::size_t i = 0; i < table.size(); i++) {
+        const PrtFmtEntry &row = table[i];
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(row.name, rules[i].row);
+        EXPECT_TRUE(names.insert(row.name).second);
+        EXPECT_EQ(SymbolsOf(row.prtfmtStr), row.symPara ? row.symPara->num : 0);
+        for (std::uint32_t k = 0; row.symPara && k < row.symPara->num; k++) {
+            ExpectNamed(row.symPara->cmdParaList[k]);
+        }
+        ASSERT_NE(row.comparationPara, nullptr);
+        EXPECT_EQ(row.comparationPara->num, ConditionsOf(rules[i]).size());
+        for (std::uint32_t k = 0; k < row.comparationPara->num; k++) {
+            const ComparationItem &item = row.comparationPara->items[k];
+            ExpectNamed(item.value);
+            ExpectNamed(item.reference);
+            EXPECT_TRUE(HasName(item.compareFunc));
+        }
+    }
+}
+
+void ExpectTicketRows(std::span<const ticketData> table, const void *record, std::size_t size) {
+    const char *begin = static_cast<const char *>(record);
+    std::vector<char> taken(size, 0);
+    for (const ticketData &row : table) {
+        ASSERT_NE(row.key, nullptr);
+        SCOPED_TRACE(row.key);
+        EXPECT_NE(row.getter, nullptr);
+        ASSERT_GT(row.size, 0);
+        const char *field = static_cast<const char *>(row.destination);
+        const std::size_t fieldSize = static_cast<std::size_t>(row.size);
+        if (field < begin || field >= begin + size) {
+            EXPECT_LE(fieldSize, sizeof(StdText));
+            continue;
+        }
+        ASSERT_LE(field + fieldSize, begin + size);
+        for (std::size_t i = 0; i < fieldSize; i++) {
+            EXPECT_EQ(taken[static_cast<std::size_t>(field - begin) + i]++, 0) << "byte " << i;
+        }
+    }
+}
