@@ -72,7 +72,7 @@ constexpr CommandValue cmdParaNumberUp[] = {
 SymParaTable symParaNumberUp;
 ComparationTable comparationNumberUp;  // stays empty
 
-constexpr PrtFmtEntry clientTable[] = {
+constexpr PrtFmtEntry kClientTable[] = {
     KV_ROW(HostName),
     KV_ROW(UnknownHostName),
     KV_ROW(UserName),
@@ -84,17 +84,18 @@ constexpr PrtFmtEntry clientTable[] = {
 
 // What names the client, and then what its user has set.
 constexpr std::array<PrtFmtEntry, JBAFmtTableCommonNum> CommonTable() {
-    constexpr auto &userTable = JBARows<userSide>::table;
-    static_assert(std::size(clientTable) + std::size(userTable) == JBAFmtTableCommonNum);
+    constexpr auto &userTable = JBARows<kUserSide>::table;
+    static_assert(std::size(kClientTable) + std::size(userTable) == JBAFmtTableCommonNum);
     std::array<PrtFmtEntry, JBAFmtTableCommonNum> table{};
     std::copy(userTable.begin(), userTable.end(),
-              std::copy(std::begin(clientTable), std::end(clientTable), table.begin()));
+              std::copy(std::begin(kClientTable), std::end(kClientTable), table.begin()));
     return table;
 }
 
 }  // namespace
 
-constexpr std::array<PrtFmtEntry, JBAFmtTableAdminNum> JBAFmtTableAdmin = JBARows<adminSide>::table;
+constexpr std::array<PrtFmtEntry, JBAFmtTableAdminNum> JBAFmtTableAdmin =
+    JBARows<kAdminSide>::table;
 constexpr std::array<PrtFmtEntry, JBAFmtTableCommonNum> JBAFmtTableCommon = CommonTable();
 
 namespace {
@@ -106,11 +107,11 @@ void JBAInitializeCmdParaTableForUser() {
     KV_BIND_VALUES(UnknownUserName);
     KV_BIND_VALUES(IPAddress);
     KV_BIND_VALUES(NumberUp);
-    JBARows<userSide>::BindValues();
+    JBARows<kUserSide>::BindValues();
 }
 
 void JBAInitializeCmdParaTableForAdmin() {
-    JBARows<adminSide>::BindValues();
+    JBARows<kAdminSide>::BindValues();
 }
 
 void JBAInitializeCaparationTableForUser() {
@@ -119,11 +120,11 @@ void JBAInitializeCaparationTableForUser() {
     KV_BIND_CONDITIONS(UserName);
     KV_BIND_CONDITIONS(UnknownUserName);
     KV_BIND_CONDITIONS(IPAddress);
-    JBARows<userSide>::BindConditions();
+    JBARows<kUserSide>::BindConditions();
 }
 
 void JBAInitializeCaparationTableForAdmin() {
-    JBARows<adminSide>::BindConditions();
+    JBARows<kAdminSide>::BindConditions();
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 
 #include "CommonSource/FilterFrame/Source/CommandTable.h"
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
@@ -56,7 +57,7 @@ struct JBASide {
     CommandValue jobInputRadioBtn;
 };
 
-constexpr JBASide userSide = {
+constexpr JBASide kUserSide = {
     .mode             = KV_VALUE(JBAModeListUser),
     .selected         = KV_VALUE(OptionUserInputTypeSelected),
     .useLogin         = KV_VALUE(OptionComInUserTypeUseLogin),
@@ -71,7 +72,7 @@ constexpr JBASide userSide = {
     .jobInputRadioBtn = KV_VALUE(ticket.user.jobInputRadioBtn),
 };
 
-constexpr JBASide adminSide = {
+constexpr JBASide kAdminSide = {
     .mode             = KV_VALUE(JBAModeListAdmin),
     .selected         = KV_VALUE(OptionUserInputTypeSelectedAdmin),
     .useLogin         = KV_VALUE(OptionComInUserTypeUseLoginAdmin),

@@ -13,10 +13,11 @@ class GoldenJobsTest(unittest.TestCase):
     def setUpClass(cls):
         cls.scheduler = cls.enterClassContext(scheduler.Scheduler())
 
-    def expect(self, model, options, header, document="report", **settings):
-        job = self.scheduler.add_queue(model, ppd(model)).print(sample(document), options, **settings)
+    def expect(self, model, options, header, document="report", end=b"\x04", **settings):
+        queue = self.scheduler.add_queue(model, ppd(model))
+        job = queue.print(sample(document), options, **settings)
         self.maxDiff = None
-        self.assertEqual(job.output(), golden_job(header, job.document()))
+        self.assertEqual(job.output(), golden_job(header, job.document(), end))
 
     def test_office_job_duplex_stapled_and_punched(self):
         self.expect("kv1010p", [
@@ -114,6 +115,81 @@ class GoldenJobsTest(unittest.TestCase):
 @PJL SET RENDERMODE=COLOR
 {job_information("DUPLEXTYPE=DUPLEX", "COLORMODE=COLOR", "NUP=1")}\
 {ENTER_POSTSCRIPT}""", document="book")
+
+    def test_settings_as_pjl_of_a_monochrome_printer(self):
+        self.expect("kv1150p", [
+            "KVTonerSaver=Mode2",
+            "KVOutputMode=1200x1200",
+            "KVHalftone=Fineness",
+            "Smoothing=True",
+            "KVBrightnes=Dark3",
+        ], f"""\
+{JOB_MODE}\
+{accounting("alice")}\
+@PJL SET RENDERMODE=GRAYSCALE
+{job_information("DUPLEXTYPE=TUMBLE", "COLORMODE=GRAYSCALE", "NUP=1")}\
+@PJL SET RESOLUTION=1200
+@PJL SET BITSPERPIXEL=1
+@PJL SET JOBATTR="@DRDM=RASTER"
+@PJL SET JOBATTR="@DDPM=AUTO"
+@PJL SET JOBATTR="@SBKP=OFF"
+@PJL SET RET=ON
+@PJL SET ECONOMODE=MODE2
+@PJL SET JOBATTR="@PSBR=-3"
+@PJL SET JOBATTR="@TTRC=64"
+@PJL SET JOBATTR="@GTRC=64"
+@PJL SET JOBATTR="@ITRC=64"
+@PJL SET JOBATTR="@TSCR=64"
+@PJL SET JOBATTR="@GSCR=64"
+@PJL SET JOBATTR="@ISCR=64"
+{ENTER_POSTSCRIPT}""", end=b"")
+
+    def test_settings_as_pjl_of_a_color_printer(self):
+        self.expect("kv1160p", [
+            "KVOutputMode=600x600",
+            "KVHalftone=Gradation",
+            "KVColorMatching=Saturation",
+            "KVColorDensityMagentaMid=+1",
+            "KVRGBBCorrection=Darkest",
+        ], f"""\
+{JOB_MODE}\
+{accounting("alice")}\
+@PJL SET RENDERMODE=GRAYSCALE
+@PJL SET RESOLUTION=600
+@PJL SET BITSPERPIXEL=1
+@PJL SET JOBATTR="@DRDM=RASTER"
+@PJL SET JOBATTR="@DDPM=AUTO"
+@PJL SET JOBATTR="@SBKP=OFF"
+@PJL SET RET=OFF
+@PJL SET ECONOMODE=OFF
+@PJL SET JOBATTR="@PSBR=0"
+@PJL SET JOBATTR="@TTRC=66"
+@PJL SET JOBATTR="@GTRC=66"
+@PJL SET JOBATTR="@ITRC=66"
+@PJL SET JOBATTR="@TSCR=66"
+@PJL SET JOBATTR="@GSCR=66"
+@PJL SET JOBATTR="@ISCR=66"
+@PJL SET JOBATTR="@TCPR=2"
+@PJL SET JOBATTR="@GCPR=2"
+@PJL SET JOBATTR="@ICPR=2"
+@PJL SET JOBATTR="@TRAP=OFF"
+@PJL SET JOBATTR="@GRGU=TEXTGRAPHICS"
+@PJL SET JOBATTR="@RGBP=SRGB"
+@PJL SET JOBATTR="@RGBG=DARKEST"
+@PJL SET JOBATTR="@BSPM=OFF"
+@PJL SET JOBATTR="@AJCL=3"
+@PJL SET JOBATTR="@AJCM=3"
+@PJL SET JOBATTR="@AJCH=3"
+@PJL SET JOBATTR="@AJML=3"
+@PJL SET JOBATTR="@AJMM=4"
+@PJL SET JOBATTR="@AJMH=3"
+@PJL SET JOBATTR="@AJYL=3"
+@PJL SET JOBATTR="@AJYM=3"
+@PJL SET JOBATTR="@AJYH=3"
+@PJL SET JOBATTR="@AJKL=3"
+@PJL SET JOBATTR="@AJKM=3"
+@PJL SET JOBATTR="@AJKH=3"
+{ENTER_POSTSCRIPT}""", end=b"")
 
 
 if __name__ == "__main__":

@@ -146,13 +146,9 @@ std::string CommandsOfFilter(const RuledJob &job) {
     filterJob.user = job.user;
     filterJob.title = job.title;
     filterJob.options = OptionString(job);
-    std::string commands =
-        Between(RunFilter(filterJob).output, "\x1b%-12345X@PJL JOB MODE=PRINTER\r\n",
-                "@PJL ENTER LANGUAGE=POSTSCRIPT\n");
-    // What a job without a colour mode says of its own accord behind the modules.
-    const std::string renderMode = "@PJL SET RENDERMODE=GRAYSCALE\n";
-    if (commands.ends_with(renderMode)) commands.resize(commands.size() - renderMode.size());
-    return commands;
+    // Behind the modules' commands comes what a job without a colour mode gets.
+    return Between(RunFilter(filterJob).output, "\x1b%-12345X@PJL JOB MODE=PRINTER\r\n",
+                   "@PJL SET RENDERMODE=GRAYSCALE\n@PJL ENTER LANGUAGE=POSTSCRIPT\n");
 }
 
 std::string CommandsInProcess(const RuledJob &job) {

@@ -54,6 +54,9 @@ struct ComparationItem {
     CompareFunc compareFunc;
 };
 
+// The reference of a condition that needs none.
+inline constexpr std::int32_t OptionNULLStr = 0;
+
 #define KV_CONDITION(value, reference, compareFunc)       \
     ComparationItem {                                     \
         KV_VALUE(value), KV_VALUE(reference), compareFunc \
@@ -68,9 +71,6 @@ struct ComparationItem {
 // and of a text alone.
 #define KV_GIVEN(value) KV_CONDITION(value, OptionNULLStr, StrNoNULLCampareFunc)
 #define KV_EMPTY(value) KV_CONDITION(value, OptionNULLStr, StrIsNULLCampareFunc)
-
-// The reference of a condition that needs none.
-inline constexpr std::int32_t OptionNULLStr = 0;
 
 // The condition set of a row: all must hold; an empty set holds.
 struct ComparationTable {

@@ -182,6 +182,8 @@ TEST(TextEncoding, EncodingOfThePPD) {
         {"*LanguageEncoding: WindowsANSI\n", kCFStringEncodingUTF8},
         {"*LanguageEncoding: JIS83-RKSJ\n", kCFStringEncodingJIS_X0208_83},
         {"*LanguageEncoding: \"JIS83-RKSJ\"\n", kCFStringEncodingJIS_X0208_83},
+        {"*LanguageEncoding: JIS83-RKSJ\n*KVText: \"\x83\x65\x83\x58\x83\x67\"\n",
+         kCFStringEncodingJIS_X0208_83},
         {"*LanguageEncoding: JIS83-RKSJ2\n", kCFStringEncodingUTF8},
         {"*LanguageEncoding: UTF-8\n", kCFStringEncodingUTF8},
         {"*LanguageEncoding: MacStandard\n", kCFStringEncodingUTF8},

@@ -293,6 +293,34 @@ TEST(UtilityFunctionFilter, IPAddressOfANumericName) {
     }
 }
 
+// What is no list of addresses is not looked at, and the host is let go all the same.
+TEST(UtilityFunctionFilter, CallBackLooksAtAddressesOnly) {
+    const struct {
+        CFStreamError error;
+        CFHostInfoType type;
+    } cases[] = {
+        {{12, 1}, kCFHostAddresses},
+        {{0, 0}, static_cast<CFHostInfoType>(kCFHostAddresses + 1)},
+    };
+    for (const auto &[error, type] : cases) {
+        const CFStringRef name = String("host");
+        const CFHostRef host = CFHostCreateWithName(kCFAllocatorDefault, name);
+        void *const info = const_cast<void *>(static_cast<const void *>(name));
+        CFHostClientContext context = {0, info, CFRetain, CFRelease, nullptr};
+        ASSERT_TRUE(CFHostSetClient(host, MyCFHostClientCallBack, &context));
+        CFHostScheduleWithRunLoop(host, CFRunLoopGetCurrent(), kCFRunLoopCommonModes);
+        CFRetain(host);
+        result = 7;
+        MyCFHostClientCallBack(host, type, &error, info);
+        EXPECT_EQ(result, 7);
+        EXPECT_EQ(CFGetRetainCount(host), 1);
+        EXPECT_EQ(CFGetRetainCount(name), 1);  // the client is gone
+        CFRunLoopRun();                        // returns: nothing is scheduled any more
+        CFRelease(host);
+        CFRelease(name);
+    }
+}
+
 TEST(UtilityFunctionFilter, LongHostNamesAreCut) {
     char hostName[97];
     char address[kAddressSize];

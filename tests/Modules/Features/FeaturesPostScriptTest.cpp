@@ -227,6 +227,31 @@ TEST(FeaturesJob, DeclaresSeparatorsInThePrologAndTheShiftInTheSetup) {
                   "\x04");
 }
 
+TEST(FeaturesJob, PutsBothBehindTheSetupOfSheetsOfTwo) {
+    EXPECT_EQ(
+        PrintedDocument(TicketOption("SeparatorPageListTicket", "2") +
+                        TicketOption("BookletMarginSwitchTicket", "1") +
+                        TicketOption("BookletMarginMMShiftTicket", "0") + "number-up=2 " +
+                        kLayoutRowCountTicketKey + "=1 " + kLayoutColumnCountTicketKey + "=2"),
+        "%!PS-Adobe-3.0\n"
+        "%%BeginProlog\n"
+        "%%EndProlog\n"
+        "%%EndProlog\n" +
+            Separators("") + Shift("0.000") +
+            "userdict/setpagedevice{pop}bind put\n"
+            "%%EndSetup\n"
+            "bp\n"
+            "%%EndPageSetup\n"
+            "ep\n"
+            "bp\n"
+            "%%EndPageSetup\n"
+            "endp\n"
+            "bp\n"
+            "%%EndPageSetup\n"
+            "ep\n"
+            "\x04");
+}
+
 TEST(FeaturesJob, ATicketWithoutThemChangesNothing) {
     EXPECT_EQ(PrintedDocument(""), std::string(kEveryInjectionLine) + "\x04");
 }

@@ -55,10 +55,6 @@ TEST(FeaturesRender, APrinterWithTheProceduresGetsTheirOperands) {
               "[1 3]\n"
               "shift -5.0\n"
               "scale true\n");
-    const Rendering unfitted =
-        Render(kCustomProcedures + PrintedDocument(AllFeatures("0"), document));
-    EXPECT_EQ(unfitted.status, 0);
-    EXPECT_NE(unfitted.messages.find("scale false\n"), std::string::npos);
 }
 
 // A page list that takes the end of its line away takes no page with it.
@@ -76,10 +72,42 @@ TEST(FeaturesRender, ACutPageListHarmsNoPage) {
     }
 }
 
-TEST(FeaturesRender, PsToPsWritesTheLineOfSeveralPagesOnASheet) {
-    const std::string document = PrintSystemDocument(3);
-    EXPECT_NE(ThroughPsToPs(document, "number-up=2").find(kSeveralPagesLine), document.npos);
-    EXPECT_EQ(ThroughPsToPs(document, "").find(kSeveralPagesLine), document.npos);
+// Two pages on a sheet: the blocks stand in the set-up that the scheduler's filter writes.
+TEST(FeaturesRender, RunsOnSheetsOfTwoPages) {
+    const std::string document = ThroughPsToPs(PrintSystemDocument(3), "number-up=2");
+    ASSERT_NE(document.find(kSeveralPagesLine), document.npos);
+    const std::string printed =
+        PrintedDocument(AllFeatures("1") + "number-up=2 " + kLayoutRowCountTicketKey + "=1 " +
+                            kLayoutColumnCountTicketKey + "=2",
+                        document);
+    EXPECT_NE(printed.find("} stopped cleartomark\n" + std::string(kSeveralPagesLine)),
+              printed.npos);
+    const Rendering without = Render(printed);
+    EXPECT_EQ(without.status, 0);
+    EXPECT_EQ(without.messages, "");
+    EXPECT_EQ(without.pages.size(), 2U);
+    const Rendering with = Render(kCustomProcedures + printed);
+    EXPECT_EQ(with.status, 0);
+    EXPECT_EQ(with.messages,
+              "separators /SeparatorPages\n"
+              "[1 3]\n"
+              "shift -5.0\n"
+              "scale true\n");
+    EXPECT_EQ(with.pages.size(), 2U);
+}
+
+TEST(FeaturesRender, RunsBehindPsToPsWithOnePageOnASheet) {
+    const std::string document = ThroughPsToPs(PrintSystemDocument(3), "");
+    EXPECT_EQ(document.find(kSeveralPagesLine), document.npos);
+    const Rendering rendering =
+        Render(kCustomProcedures + PrintedDocument(AllFeatures("0"), document));
+    EXPECT_EQ(rendering.status, 0);
+    EXPECT_EQ(rendering.messages,
+              "separators /SeparatorPages\n"
+              "[1 3]\n"
+              "shift -5.0\n"
+              "scale false\n");
+    EXPECT_EQ(rendering.pages.size(), 3U);
 }
 
 }  // namespace

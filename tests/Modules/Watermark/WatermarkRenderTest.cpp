@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 #include "support/Ghostscript.h"
@@ -148,6 +150,27 @@ TEST(WatermarkRender, StampsAllPagesOrTheFirst) {
                     ExpectTextAlone(stamped.pages[page], bare.pages[page], {306, 396, 0});
                 }
             }
+        }
+    }
+}
+
+// The sample documents (A4) end their pages in one way each.
+TEST(WatermarkRender, StampsTheSampleDocuments) {
+    for (const char *name : {"report.ps", "book.ps"}) {
+        SCOPED_TRACE(name);
+        std::ifstream file(std::string(KVFILTER_SOURCE_DIR "/samples/") + name);
+        const std::string document(std::istreambuf_iterator<char>(file), {});
+        const Rendering bare = RenderJob("", document);
+        WatermarkJob job;
+        job.paperWidth = 595;
+        job.paperHeight = 842;
+        job.angle = 45;
+        const Rendering stamped = RenderJob(job.Options(), document);
+        ASSERT_GE(bare.pages.size(), 3U);
+        ASSERT_EQ(stamped.pages.size(), bare.pages.size());
+        for (std::size_t page = 0; page < bare.pages.size(); page++) {
+            SCOPED_TRACE(page);
+            ExpectTextAlone(stamped.pages[page], bare.pages[page], {297.5, 421, 45});
         }
     }
 }

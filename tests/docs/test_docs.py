@@ -1,0 +1,65 @@
+# SPDX-License-Identifier: Apache-2.0
+"""The documentation says what is so: its examples run, its paths exist, its man page formats."""
+
+import os
+import pathlib
+import re
+import shutil
+import socket
+import subprocess
+import tempfile
+import unittest
+
+SOURCE_DIR = pathlib.Path(__file__).resolve().parents[2]
+DOCS = SOURCE_DIR / "docs"
+
+
+def printed_by(computer, output):
+    """Output of show-job as it would be on another computer: its name and what its length moves."""
+    name = socket.gethostname()
+    output, count = re.subn(f'"@CNAM={re.escape(name)}"', f'"@CNAM={computer}"', output)
+    shift = count * (len(computer) - len(name))
+    return re.sub(r"(?<=from byte )\d+", lambda place: str(int(place[0]) + shift), output)
+
+
+class DocsTest(unittest.TestCase):
+    def test_console_examples_print_what_they_show(self):
+        for page in sorted(DOCS.glob("*.md")):
+            for number, session in enumerate(re.findall(r"```console\n(.*?)```", page.read_text(),
+                                                        re.DOTALL)):
+                with self.subTest(page=page.name, session=number):
+                    self.maxDiff = None
+                    self.assertEqual(self.replay(session), session)
+
+    def replay(self, session):
+        """Runs the lines that begin with "$ " in a folder that looks like the source's."""
+        with tempfile.TemporaryDirectory() as folder:
+            for name in ("samples", "scripts"):
+                shutil.copytree(SOURCE_DIR / name, pathlib.Path(folder, name))
+            pathlib.Path(folder, "build").mkdir()
+            pathlib.Path(folder, "build/release").symlink_to(os.environ["KVFILTER_BUILD_DIR"])
+            commands = "".join(f"cat <<'SHOWN'\n$ {line}\nSHOWN\n{line}\n"
+                               for line in re.findall(r"^\$ (.*)$", session, re.MULTILINE))
+            done = subprocess.run(["sh"], input=commands, cwd=folder, text=True,
+                                  stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+        return printed_by("desk", done.stdout)
+
+    def test_man_page_formats_without_a_warning(self):
+        done = subprocess.run(["groff", "-man", "-Tutf8", "-ww", "-z", DOCS / "kvfilter.8"],
+                              capture_output=True, text=True)
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+
+    def test_readme_is_short_and_its_links_lead_somewhere(self):
+        text = (SOURCE_DIR / "README.md").read_text()
+        self.assertLessEqual(len(text.splitlines()), 120)
+        paths = re.findall(r"\]\(([^)]+)\)", text)
+        paths += re.findall(r"`((?:tests|scripts|ppd|samples|docs|bench|Tables|CommonSource)/[^`<]*)`",
+                            text)
+        self.assertGreater(len(paths), 10)
+        for path in paths:
+            with self.subTest(path=path):
+                self.assertTrue((SOURCE_DIR / path).exists())
+
+
+if __name__ == "__main__":
+    unittest.main()
