@@ -41,7 +41,7 @@ void Read(benchmark::State &state, const LineSearch *search, DocumentReader::Mod
     const auto reader = std::make_unique<DocumentReader>();
     for (auto _ : state) {
         lseek(file, 0, SEEK_SET);
-        reader->Open(file, mode, *search);
+        reader->Open(file, mode, nullptr, *search);
         DocumentPiece piece;
         while (reader->Next(piece)) benchmark::DoNotOptimize(piece.text.data());
     }

@@ -9,6 +9,16 @@
 #include "support/Ppd.h"
 #include "support/RunFilter.h"
 
+// A watermark on every page, and separator pages: PostScript at every point that takes any.
+inline constexpr char kInjecting[] =
+    "com.korvell.tav.printsettings.WMARKNameTicket=draft "
+    "com.korvell.tav.printsettings.WMARKTypeTicket=0 "
+    "com.korvell.tav.printsettings.WMARKOnlyFirstTicket=0 "
+    "com.korvell.tav.printsettings.WMARKTextTicket=(DRAFT) "
+    "com.korvell.tav.printsettings.SeparatorPageListTicket=2 "
+    "com.korvell.tav.printsettings.BookletMarginSwitchTicket=1 "
+    "com.korvell.tav.printsettings.AutoFitSwitchTicket=1";
+
 inline constexpr char kEveryInjectionLine[] =
     "%!PS-Adobe-3.0\n"
     "%%BeginProlog\n"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CommonSource/FilterFrame/Source/DocumentReader.h"
 
+#include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -19,6 +20,12 @@ bool IsLineEnd(char byte) {
     return byte == '\n' || byte == '\r';
 }
 
+// Whether a read would not have to wait.
+bool HasInput(int file) {
+    pollfd input = {file, POLLIN, 0};
+    return poll(&input, 1, 0) != 0;
+}
+
 // The start of the line that ends at `end`: behind the line end before it, or `first`.
 const char *LineStart(const char *first, const char *end) {
     while (end != first && !IsLineEnd(end[-1])) end--;
@@ -34,8 +41,9 @@ bool HoldsAll(std::string_view line, const std::string_view (&names)[count]) {
 
 }  // namespace
 
-void DocumentReader::Open(int file, Mode mode, const LineSearch &search) {
+void DocumentReader::Open(int file, Mode mode, void (*beforeWaiting)(), const LineSearch &search) {
     search_ = &search;
+    beforeWaiting_ = beforeWaiting;
     mode_ = mode;
     file_ = file;
     lineMayMatter_ = false;
@@ -129,6 +137,7 @@ bool DocumentReader::Refill() {
     scan_ = limit_ = block - withheld;
     end_ = block;
 
+    if (beforeWaiting_ && !HasInput(file_)) beforeWaiting_();
     ssize_t count;
     do {
         count = read(file_, block, kBlock);

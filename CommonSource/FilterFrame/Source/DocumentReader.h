@@ -37,8 +37,10 @@ class DocumentReader {
         kFeatures,  // feature and settings lines too; the last byte of the document is withheld
     };
 
-    // Reads from `file`, a descriptor that the caller owns. `search` is for tests.
-    void Open(int file, Mode mode, const LineSearch &search = BestLineSearch());
+    // Reads from `file`, a descriptor that the caller owns. `beforeWaiting`, if any, is called when
+    // nothing more has arrived yet: the time to pass on what is ready. `search` is for tests.
+    void Open(int file, Mode mode, void (*beforeWaiting)() = nullptr,
+              const LineSearch &search = BestLineSearch());
 
     // Stores the next piece; false at the end of the document (or when it cannot be read). What
     // follows the last line end, up to 8064 bytes, is never handed out.
@@ -58,6 +60,7 @@ class DocumentReader {
     static constexpr std::size_t kBlock = kPipeCapacity;
 
     const LineSearch *search_;
+    void (*beforeWaiting_)();
     Mode mode_;
     int file_;
     bool lineMayMatter_;     // a search has seen signs of feature code in the line at scan_

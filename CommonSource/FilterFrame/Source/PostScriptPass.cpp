@@ -17,7 +17,8 @@ int OpenDocument(bool fromStandardInput, char *const argv[]) {
 void OutputPSStream(int argc, char *const argv[]) {
     const int file = OpenDocument(argc == 6, argv);
     if (file < 0) return;
-    documentReader.Open(file, DocumentReader::kPlain);
+    // The printer gets every page as soon as it is there, however slowly the document comes.
+    documentReader.Open(file, DocumentReader::kPlain, [] { std::fflush(stdout); });
     DocumentState state;
     DocumentPiece piece;
     while (documentReader.Next(piece)) {

@@ -59,7 +59,7 @@ std::string PadGroups(std::string_view text) {
 }
 
 // Puts a run of groups in the place of the first group of zeros that has something behind it. The
-// run makes eight groups of five to eight; an address of fewer comes out one group longer, and stays
+// run makes eight groups of five to eight. An address of fewer comes out one group longer and stays
 // so: accounting compares these texts.
 std::string ExpandZeros(const std::string &padded) {
     const std::size_t place = padded.find("0000");

@@ -207,6 +207,21 @@ TEST(CFHost, UnscheduledHostsAreNotHeard) {
     EXPECT_FALSE(client.IsResolved());
 }
 
+TEST(CFHost, HostsWithoutAClientAreSilent) {
+    gate = std::make_shared<Gate>();
+    const ResolverInPlace resolver(AnswerAtTheGate, kLong);
+    Client silent("silent");
+    ASSERT_TRUE(silent.Start());
+    EXPECT_TRUE(CFHostSetClient(silent.host, nullptr, nullptr));
+    LetTheAnswerCome();
+    hostResolver.lookUp = FindNothing;
+    Client other("other");
+    ASSERT_TRUE(other.Start());
+    CFRunLoopRun();
+    EXPECT_EQ(silent.calls, 0);
+    EXPECT_EQ(other.calls, 1);
+}
+
 TEST(CFHost, HostsShareARunLoop) {
     const ResolverInPlace resolver(FindNothing, kLong);
     Client first("first");

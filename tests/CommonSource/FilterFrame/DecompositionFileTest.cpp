@@ -217,6 +217,14 @@ TEST_F(DecompositionFile, IsNotMadeWhereThereIsNoFolder) {
     }
 }
 
+// What stands between the switch to PostScript and the trailer.
+std::string SentDocument(const std::string &output) {
+    const std::size_t start = output.find(kEnterPostScript) + sizeof kEnterPostScript - 1;
+    EXPECT_NE(output.find(kEnterPostScript), output.npos);
+    EXPECT_TRUE(output.ends_with(kTrailer));
+    return output.substr(start, output.size() - start - sizeof kTrailer + 1);
+}
+
 // A small file system of the test's own, on the test's folder.
 class FullFileSystem : public DecompositionFile {
   protected:
@@ -246,11 +254,8 @@ TEST_F(FullFileSystem, SendsWhatCouldBeStoredToItsLastLineEnd) {
 
     std::string pjl;
     for (int i = 0; i < 100; i++) pjl += i % 2 ? kMode2 : kMode3;
-    const std::string start = Header() + pjl + kEnterPostScript;
-    ASSERT_TRUE(result.output.starts_with(start));
-    ASSERT_TRUE(result.output.ends_with(kTrailer));
-    const std::string sent = result.output.substr(
-        start.size(), result.output.size() - start.size() - sizeof kTrailer + 1);
+    EXPECT_TRUE(result.output.starts_with(Header() + pjl + kEnterPostScript));
+    const std::string sent = SentDocument(result.output);
     EXPECT_TRUE(document.starts_with(sent));
     EXPECT_TRUE(sent.ends_with('\n'));
     EXPECT_GT(sent.size(), 64U << 10);
@@ -259,6 +264,27 @@ TEST_F(FullFileSystem, SendsWhatCouldBeStoredToItsLastLineEnd) {
     EXPECT_EQ(result.errors.find("PAGE:100 1\n"), std::string::npos);
     EXPECT_EQ(result.status, 0);
     EXPECT_TRUE(Files(folder_).empty());
+}
+
+TEST_F(FullFileSystem, LeavesNoGapWhenThereIsSpaceAgain) {
+    ASSERT_TRUE(Mount("size=128k"));
+    folder_.Write("ballast", std::string(64 << 10, 'x'));
+    std::string document;
+    while (document.size() < 256 << 10) document += std::string(999, 'x') + "\n";
+    const std::size_t lines = document.size();
+    for (int i = 0; i < 400; i++) document += kMode2Line;  // PJL enough to fill a buffer
+    const auto filter = Start(folder_);
+    filter->Write(document);
+    // The PJL of what stands behind the lines is out, so these have been dealt with.
+    std::string output = filter->ReadUntil(kMode2);
+    fs::remove(folder_.Path() / "ballast");
+    filter->Write("more\nlast\n");
+    filter->CloseInput();
+    output += filter->ReadToEnd();
+    const std::string sent = SentDocument(output);
+    EXPECT_TRUE(document.starts_with(sent));
+    EXPECT_LT(sent.size(), lines);
+    EXPECT_GT(sent.size(), 0U);
 }
 
 TEST_F(FullFileSystem, SendsNoDocumentWhenNothingCouldBeStored) {

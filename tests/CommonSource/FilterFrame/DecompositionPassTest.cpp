@@ -14,21 +14,13 @@
 #include "support/ExpectedFeatures.h"
 #include "support/FeatureLines.h"
 #include "support/Feeder.h"
+#include "support/Injections.h"
 #include "support/RandomDocument.h"
 #include "support/ReferenceDecomposition.h"
 
 using namespace std::string_literals;
 
 namespace {
-
-constexpr char kInjecting[] =
-    "com.korvell.tav.printsettings.WMARKNameTicket=draft "
-    "com.korvell.tav.printsettings.WMARKTypeTicket=0 "
-    "com.korvell.tav.printsettings.WMARKOnlyFirstTicket=0 "
-    "com.korvell.tav.printsettings.WMARKTextTicket=(DRAFT) "
-    "com.korvell.tav.printsettings.SeparatorPageListTicket=2 "
-    "com.korvell.tav.printsettings.BookletMarginSwitchTicket=1 "
-    "com.korvell.tav.printsettings.AutoFitSwitchTicket=1";
 
 constexpr char kMode2[] = "@PJL SET ECONOMODE=MODE2\n";
 constexpr char kMode3[] = "@PJL SET ECONOMODE=MODE3\n";

@@ -67,7 +67,7 @@ Contents ReadInPieces(const std::string &document, const std::vector<std::size_t
                       const LineSearch &search) {
     const auto reader = std::make_unique<DocumentReader>();
     const Feeder feeder(document, sizes);
-    reader->Open(feeder.ReadEnd(), DocumentReader::kFeatures, search);
+    reader->Open(feeder.ReadEnd(), DocumentReader::kFeatures, nullptr, search);
     Contents contents{};
     DocumentPiece piece;
     while (reader->Next(piece)) {

@@ -57,7 +57,7 @@ Contents ReadInPieces(const std::string &document, const std::vector<std::size_t
                       const LineSearch &search) {
     const auto reader = std::make_unique<DocumentReader>();
     const Feeder feeder(document, sizes);
-    reader->Open(feeder.ReadEnd(), DocumentReader::kPlain, search);
+    reader->Open(feeder.ReadEnd(), DocumentReader::kPlain, nullptr, search);
     return Read(*reader);
 }
 

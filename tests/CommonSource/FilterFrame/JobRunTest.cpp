@@ -141,6 +141,17 @@ TEST(JobRun, StopsACancelledJobAtTheNextPageEnd) {
     EXPECT_EQ(filter.Wait(), 0);
 }
 
+TEST(JobRun, PassesOnWhatHasArrivedBeforeItWaitsForMore) {
+    FilterProcess filter({"1", "user", "title", "1", ""});
+    for (int page = 1; page <= 3; page++) {
+        filter.Write(Page(page));
+        EXPECT_TRUE(filter.ReadUntil(Page(page)).ends_with(Page(page)));
+    }
+    filter.CloseInput();
+    EXPECT_EQ(filter.ReadToEnd(), std::string("\x04") + kTrailer);
+    EXPECT_EQ(filter.Wait(), 0);
+}
+
 TEST(JobRun, GoesOnWhenThePrinterHasGoneAndSaysSo) {
     FilterProcess filter({"1", "user", "title", "1", ""});
     filter.CloseOutput();

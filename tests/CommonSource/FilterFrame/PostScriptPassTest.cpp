@@ -6,6 +6,7 @@
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "support/CaptureOutput.h"
+#include "support/Injections.h"
 #include "support/Ppd.h"
 #include "support/RandomDocument.h"
 #include "support/ReferencePass.h"
@@ -13,16 +14,6 @@
 #include "support/TempFolder.h"
 
 namespace {
-
-// A watermark on every page and separator pages: PostScript at every injection point that has any.
-constexpr char kInjecting[] =
-    "com.korvell.tav.printsettings.WMARKNameTicket=draft "
-    "com.korvell.tav.printsettings.WMARKTypeTicket=0 "
-    "com.korvell.tav.printsettings.WMARKOnlyFirstTicket=0 "
-    "com.korvell.tav.printsettings.WMARKTextTicket=(DRAFT) "
-    "com.korvell.tav.printsettings.SeparatorPageListTicket=2 "
-    "com.korvell.tav.printsettings.BookletMarginSwitchTicket=1 "
-    "com.korvell.tav.printsettings.AutoFitSwitchTicket=1";
 
 // Both passes over one document, in this process.
 void ComparePasses(const std::string &document, const std::string &options) {

@@ -152,6 +152,7 @@ TEST(UtilityFunctionFilter, IPv6OfFiveToEightGroupsHas32Digits) {
     } cases[] = {
         {"fe80::1a2b:3c4d:5e6f:7a8b", "6fe80" + Zeros(3) + "1a2b3c4d5e6f7a8b"},
         {"fe80::1a2b:3c4d:5e6f:7a8b%eth0", "6fe80" + Zeros(3) + "1a2b3c4d5e6f7a8b"},
+        {"2001:db8::1:2", "620010db8" + Zeros(4) + "00010002"},
         {"2001:db8::1:2:3:4", "620010db8" + Zeros(2) + "0001000200030004"},
         {"2001:db8:1::2:3:4:5", "620010db80001" + Zeros(1) + "0002000300040005"},
         {"2001:db8:1:0:2:3:4:5", "620010db80001" + Zeros(1) + "0002000300040005"},
