@@ -19,6 +19,14 @@
     {"KVColorDensity" inkAndBand, "+2", KV_JOBATTR("AJ" letters, "5")},     \
     {"KVColorDensity" inkAndBand, "+3", KV_JOBATTR("AJ" letters, "6")}
 
+// Five steps of brightness to either side of Normal, the strongest first.
+#define KV_BRIGHTNESS(side, sign)                               \
+    {"KVBrightnes", side "5", KV_JOBATTR("PSBR", sign "5")},    \
+    {"KVBrightnes", side "4", KV_JOBATTR("PSBR", sign "4")},    \
+    {"KVBrightnes", side "3", KV_JOBATTR("PSBR", sign "3")},    \
+    {"KVBrightnes", side "2", KV_JOBATTR("PSBR", sign "2")},    \
+    {"KVBrightnes", side "1", KV_JOBATTR("PSBR", sign "1")}
+
 constexpr FeaturePJLRow FeaturePPDKeyNameandMarkedValuetoPJLCommand[] = {
     // PPD keyword             value        PJL command
     {"KVSetTrapMode",          "False",     KV_JOBATTR("TRAP", "OFF")},
@@ -30,17 +38,9 @@ constexpr FeaturePJLRow FeaturePPDKeyNameandMarkedValuetoPJLCommand[] = {
     {"KVGrayBalance",          "False",     KV_JOBATTR("GRGU", "OFF")},
     {"KVOutputMode",           "HighSpeed", KV_SET("BITSPERPIXEL", "1")},
     {"KVOutputMode",           "Standard",  KV_SET("BITSPERPIXEL", "8")},
-    {"KVBrightnes",            "Bright5",   KV_JOBATTR("PSBR", "5")},
-    {"KVBrightnes",            "Bright4",   KV_JOBATTR("PSBR", "4")},
-    {"KVBrightnes",            "Bright3",   KV_JOBATTR("PSBR", "3")},
-    {"KVBrightnes",            "Bright2",   KV_JOBATTR("PSBR", "2")},
-    {"KVBrightnes",            "Bright1",   KV_JOBATTR("PSBR", "1")},
+    KV_BRIGHTNESS("Bright", ""),
     {"KVBrightnes",            "Normal",    KV_JOBATTR("PSBR", "0")},
-    {"KVBrightnes",            "Dark5",     KV_JOBATTR("PSBR", "-5")},
-    {"KVBrightnes",            "Dark4",     KV_JOBATTR("PSBR", "-4")},
-    {"KVBrightnes",            "Dark3",     KV_JOBATTR("PSBR", "-3")},
-    {"KVBrightnes",            "Dark2",     KV_JOBATTR("PSBR", "-2")},
-    {"KVBrightnes",            "Dark1",     KV_JOBATTR("PSBR", "-1")},
+    KV_BRIGHTNESS("Dark",   "-"),
     {"KVRGBInputProfile",      "SRGB",      KV_JOBATTR("RGBP", "SRGB")},
     {"KVRGBInputProfile",      "AdobeRGB",  KV_JOBATTR("RGBP", "ADOBERGB")},
     {"KVRGBBCorrection",       "Off",       KV_JOBATTR("RGBG", "OFF")},

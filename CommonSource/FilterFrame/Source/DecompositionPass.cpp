@@ -24,6 +24,11 @@ void PutPJL(const DocumentPiece &piece, FeatureState &state) {
     if (piece.kind == DocumentPiece::kSettings) PutSettingsPJL(line);
 }
 
+// Whether a cancelled job ends at this piece of the document.
+bool EndsCancelledJob(const DocumentPiece &piece) {
+    return piece.special && piece.special->stopsCancelledJob && CancelJob == 1;
+}
+
 // Ends the stored document as the printer's PostScript ends: with one Ctrl-D.
 void PutEnd(int lastByte, std::FILE *stored) {
     if (lastByte >= 0) KVfputc(lastByte, stored);
@@ -40,7 +45,10 @@ bool StoreDocument(int document, char *const argv[], std::FILE *stored) {
     while (documentReader.Next(piece)) {
         PutPJL(piece, features);
         // Behind a gap nothing is stored: a page with a hole in it would print nonsense.
-        if (std::ferror(stored)) continue;
+        if (std::ferror(stored)) {
+            if (EndsCancelledJob(piece)) return false;
+            continue;
+        }
         if (!piece.special) {
             KVfwrite(piece.text.data(), 1, piece.text.size(), stored);
         } else if (!PutSpecialLine(*piece.special, piece.text, state, argv, stored)) {
@@ -59,7 +67,7 @@ void SendDocument() {
     DocumentPiece piece;
     while (documentReader.Next(piece)) {
         std::fwrite(piece.text.data(), 1, piece.text.size(), stdout);
-        if (piece.special && piece.special->stopsCancelledJob && CancelJob == 1) break;
+        if (EndsCancelledJob(piece)) break;
     }
     close(stored);
     std::remove(PPDPJLOutFilePath);

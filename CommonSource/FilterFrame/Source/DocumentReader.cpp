@@ -23,7 +23,7 @@ bool IsLineEnd(char byte) {
 // Whether a read would not have to wait.
 bool HasInput(int file) {
     pollfd input = {file, POLLIN, 0};
-    return poll(&input, 1, 0) != 0;
+    return poll(&input, 1, 0) > 0;
 }
 
 // The start of the line that ends at `end`: behind the line end before it, or `first`.

@@ -152,6 +152,22 @@ TEST_F(DecompositionFile, BelongsToOneOf50JobsStartedAtOnce) {
     EXPECT_TRUE(Files(folder_).empty());
 }
 
+TEST_F(DecompositionFile, HoldsWhatWouldNeedMemory) {
+    const auto peakMemory = [&](int pages) {
+        setenv("TMPDIR", folder_.Path().c_str(), 1);
+        FilterProcess filter({"1", "user", "title", "1", ""}, FilterProcess::kDiscardOutput, ppd_);
+        unsetenv("TMPDIR");
+        const std::string content = kMode2Line + std::string(65535, 'x') + "\nbp\nep\n";
+        for (int page = 0; page < pages; page++) filter.Write(content);
+        filter.CloseInput();
+        filter.ReadErrorsToEnd();
+        rusage usage;
+        EXPECT_EQ(filter.Wait(&usage), 0);
+        return usage.ru_maxrss;
+    };
+    EXPECT_LT(std::abs(peakMemory(1000) - peakMemory(1)), 1024);
+}
+
 TEST_F(DecompositionFile, StaysWhenTheFirstPageIsCancelled) {
     const auto filter = Start(folder_);
     while (Files(folder_).empty()) usleep(1000);  // the job is at its document
@@ -285,6 +301,29 @@ TEST_F(FullFileSystem, LeavesNoGapWhenThereIsSpaceAgain) {
     EXPECT_TRUE(document.starts_with(sent));
     EXPECT_LT(sent.size(), lines);
     EXPECT_GT(sent.size(), 0U);
+}
+
+TEST_F(FullFileSystem, DoesNotKeepACancelledJobFromEnding) {
+    ASSERT_TRUE(Mount("size=128k"));
+    std::string document;
+    while (document.size() < 256 << 10) document += std::string(999, 'x') + "\n";
+    for (int i = 0; i < 400; i++) document += kMode2Line;  // PJL enough to fill a buffer
+    for (const std::string end : {"ep", "endp", "showpage"}) {
+        const auto filter = Start(folder_);
+        filter->Write(document);
+        std::string output = filter->ReadUntil(kMode2);  // the disk is full by now
+        filter->Signal(SIGTERM);
+        filter->Write("page one\n" + end + "\n" + kMode3Line);
+        filter->CloseInput();
+        output += filter->ReadToEnd();
+        EXPECT_TRUE(output.ends_with(kMode2 + kTrailer)) << end;
+        EXPECT_EQ(output.find(kMode3), output.npos);
+        EXPECT_EQ(output.find(kEnterPostScript), output.npos);
+        EXPECT_EQ(filter->ReadErrorsToEnd(), "");
+        EXPECT_EQ(filter->Wait(), 0);
+        ASSERT_EQ(Files(folder_).size(), 1U);
+        fs::remove(Files(folder_)[0]);
+    }
 }
 
 TEST_F(FullFileSystem, SendsNoDocumentWhenNothingCouldBeStored) {

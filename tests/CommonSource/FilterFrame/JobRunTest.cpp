@@ -13,6 +13,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <clocale>
 #include <csignal>
 #include <cstring>
 #include <regex>
@@ -20,11 +21,14 @@
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
 #include "CommonSource/FilterFrame/Source/JobCopy.h"
 #include "CommonSource/FilterFrame/Source/JobHeader.h"
+#include "CommonSource/FilterFrame/Source/JobPPD.h"
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "support/FilterProcess.h"
 #include "support/Ppd.h"
 #include "support/RunFilter.h"
 #include "support/TempFolder.h"
+#include "support/TicketOption.h"
+#include "support/WatermarkJob.h"
 
 namespace {
 
@@ -123,6 +127,29 @@ TEST(JobRun, IgnoresTheLocale) {
     }
 }
 
+TEST(JobRun, NamesNoDocumentWhoseTitleBreaksTheLine) {
+    FilterJob job;
+    job.ppd = PpdWith();
+    job.options = TicketOption("PrintTypeTicketKey", "2") +
+                  TicketOption("PrintTypeProductTypeTicketKey", "3") +
+                  TicketOption("DocumentNameTypeTicketKey", "1") +
+                  TicketOption("JBAManageTypeListTicketKey", "2") +
+                  TicketOption("JBAUserSettingRadioBtnTicket", "1");
+    job.title = "Report";
+    const std::string name = "@PJL SET JOBNAME=\"Report\"\r\n";
+    const std::string account = "@PJL SET JOBATTR=\"@ACNA=Report\"\r\n";
+    std::string expected = RunFilter(job).output;
+    for (const std::string &line : {name, account}) {
+        ASSERT_NE(expected.find(line), expected.npos) << expected;
+        expected.erase(expected.find(line), line.size());
+    }
+    EXPECT_EQ(expected.find("Report"), expected.npos);
+    for (const char *title : {"Report\n", "\rReport", "Rep\r\nort"}) {
+        job.title = title;
+        EXPECT_EQ(RunFilter(job).output, expected);
+    }
+}
+
 // A three-page document that arrives slowly, one page when the last is out.
 std::string Page(int number) {
     return "page " + std::to_string(number) + "\nep\n";
@@ -213,11 +240,13 @@ TEST(JobRun, KeepsACopyOfTheJobWhenTheMarkerFileExists) {
     const std::string document =
         folder.Write("a.ps", "%%BeginProlog\nep\n" + std::string(9000, 'x') + "\n");
     const std::string flag = folder.Write("kvjobcopy", "");
-    const std::string output = RunJobInChild({"1", "user", "title", "1", "", document}, [&] {
+    const std::string options = WatermarkJob().Options();
+    const std::string output = RunJobInChild({"1", "user", "title", "1", options, document}, [&] {
         setenv("TMPDIR", copies.Path().c_str(), 1);
         FlagPath = flag.c_str();
     });
     ASSERT_TRUE(output.ends_with(kTrailer));
+    ASSERT_NE(output.find("(DRAFT) show\n"), output.npos);  // injected PostScript
     std::vector<std::filesystem::path> files;
     for (const auto &entry : std::filesystem::directory_iterator(copies.Path())) {
         files.push_back(entry.path());
@@ -279,7 +308,7 @@ TEST(JobRun, OpensThePPDOnce) {
 }
 #endif
 
-// What a job leaves in the name buffers, found by running it here; the texts outlive the run.
+// Runs a job in this process: what it leaves in the name buffers outlives the run.
 void RunHere(const std::string &user, const std::string &title, const std::string &options) {
     std::string words[] = {"kvfilter", "1", user, title, "1", options, "/dev/null"};
     char *argv[8] = {};
@@ -291,6 +320,20 @@ void RunHere(const std::string &user, const std::string &title, const std::strin
     dup2(saved, STDOUT_FILENO);
     close(saved);
     std::signal(SIGTERM, SIG_DFL);
+}
+
+// Whatever the environment says: nothing, no library either, may make a comma of a decimal point.
+TEST(JobRun, LeavesTheLocaleAlone) {
+    const TempFolder folder;
+    CloseJobPPD();
+    setenv("PPD", folder.Write("queue.ppd", PpdWith()).c_str(), 1);
+    setenv("LC_ALL", "C.UTF-8", 1);
+    RunHere("alice", "Report", WatermarkJob().Options());
+    ASSERT_NE(JobPPD(), nullptr);
+    EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
+    unsetenv("LC_ALL");
+    unsetenv("PPD");
+    CloseJobPPD();
 }
 
 TEST(JobRun, FillsTheNameBuffers) {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -117,6 +118,40 @@ TEST_F(PrivateFileTest, FallsBackToTmp) {
         EXPECT_TRUE(std::string(path_).starts_with("/tmp/kv"));
         std::filesystem::remove(path_);
     }
+}
+
+// A system of its own for a child process, which is the only way to have a /private/tmp here.
+// Returns the path of the file that the child makes there, with TMPDIR set to "/other".
+std::string PathInside(const TempFolder &system) {
+    std::filesystem::create_directory(system.Path() / "other");
+    system.Write("path", "");
+    const pid_t child = fork();
+    if (child == 0) {
+        char path[kPrivatePathSize] = "";
+        if (chroot(system.Path().c_str()) != 0 || chdir("/") != 0) _exit(1);
+        setenv("TMPDIR", "/other", 1);
+        std::FILE *file = CreatePrivateFile(kFormat, path);
+        if (!file) _exit(1);
+        std::fclose(file);
+        if (access(path, F_OK) != 0) _exit(1);
+        std::ofstream("/path") << path;
+        _exit(0);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    return system.Read("path");
+}
+
+TEST(PrivateFile, IsMadeInPrivateTmpWhereThatIsAFolder) {
+    if (geteuid() != 0) GTEST_SKIP() << "only root can change its root";
+    const TempFolder with, without, otherwise;
+    std::filesystem::create_directories(with.Path() / "private/tmp");
+    EXPECT_TRUE(PathInside(with).starts_with("/private/tmp/kv"));
+    EXPECT_TRUE(PathInside(without).starts_with("/other/kv"));
+    std::filesystem::create_directory(otherwise.Path() / "private");
+    otherwise.Write("private/tmp", "no folder");
+    EXPECT_TRUE(PathInside(otherwise).starts_with("/other/kv"));
 }
 
 }  // namespace
