@@ -121,8 +121,12 @@ class Job:
         self._place = place  # among the jobs of its queue
 
     def output(self, timeout=TIMEOUT):
-        """What the printer received."""
+        """What the printer received of the job, which must have succeeded."""
         self.wait(timeout)
+        return self.received(timeout)
+
+    def received(self, timeout=TIMEOUT):
+        """What the printer received, all or not."""
         received = self._queue.printer.jobs
         await_true(lambda: len(received) > self._place, self.log, timeout)
         return received[self._place]
@@ -318,7 +322,10 @@ MaxClients 1000
             self._configure()
             etc = self.folder / "etc"
             command = [self._cupsd, "-c", etc / "cupsd.conf", "-s", etc / "cups-files.conf"]
-            self._process = subprocess.Popen(command + ["-f"], stdin=subprocess.DEVNULL)
+            # It ends with the test, even if the test is killed.
+            self._process = subprocess.Popen(["setpriv", "--pdeathsig", "TERM", *command, "-f"],
+                                             stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                             stderr=subprocess.DEVNULL)
             await_true(lambda: self._answers() or self._process.poll() is not None, self.error_log)
             if self._process.poll() is None:
                 return
