@@ -2,6 +2,7 @@
 #include "Modules/Comment/CommentTicket.h"
 
 #include <cstring>
+#include <iterator>
 
 #include "CommonSource/FilterFrame/Source/BoundedText.h"
 
@@ -26,7 +27,7 @@ CommentOptions &c = psoptioncomment;
 }  // namespace
 
 // clang-format off
-const ticketData CommentticketData[CommentTicketDataNum] = {
+const ticketData CommentticketData[] = {
     {kSidesTicketKey,                c.sides,                sizeof c.sides,                GetTicketStringConvertedToPrtLang},
     {kColorModeTicketKey,            c.colorMode,            sizeof c.colorMode,            GetTicketStringConvertedToPrtLang},
     {kNumberUpTicketKey,             c.pagesPerSheet,        sizeof c.pagesPerSheet,        GetNumberUpTicketStringForComment},
@@ -42,6 +43,7 @@ const ticketData CommentticketData[CommentTicketDataNum] = {
     {kLayoutDirectionTicketKey,      &c.layoutDirection,     sizeof c.layoutDirection,      GetTicketInteger},
 };
 // clang-format on
+static_assert(std::size(CommentticketData) == CommentTicketDataNum);
 
 namespace {
 

@@ -61,7 +61,7 @@ constexpr std::int32_t OptionRotatedPortrait = 6;
 constexpr std::int32_t OptionRightThenDown = 1;
 
 constexpr std::int32_t CommentTicketDataNum = 13;
-extern const ticketData CommentticketData[CommentTicketDataNum];
+extern const ticketData CommentticketData[];
 
 // Fills psoptioncomment from argv[5]. Collation is the one field that outlives a ticket which does
 // not name it. Returns 1.

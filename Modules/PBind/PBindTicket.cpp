@@ -35,7 +35,7 @@ PBindOptions &p = psoptionpbind;
 }  // namespace
 
 // clang-format off
-const ticketData PBindticketData[PBindTicketDataNum] = {
+const ticketData PBindticketData[] = {
     {kPBindPositionTicketKey,                p.bindPosition,            sizeof p.bindPosition,            GetTicketStringConvertedToPrtLang},
     {kPBindTrimmingTicketKey,                p.trimming,                sizeof p.trimming,                GetTicketStringConvertedToPrtLang},
     {kPBindCutPageSizeTicketKey,             p.cutPageSize,             sizeof p.cutPageSize,             GetTicketStringConvertedToPrtLang},
@@ -57,6 +57,7 @@ const ticketData PBindticketData[PBindTicketDataNum] = {
     {kPBindCoverAdjustYTicketKey,            p.coverAdjustY,            sizeof p.coverAdjustY,            GetTicketStringConvertedToPrtLang},
 };
 // clang-format on
+static_assert(std::size(PBindticketData) == PBindTicketDataNum);
 
 namespace {
 

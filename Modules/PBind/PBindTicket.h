@@ -45,7 +45,7 @@ inline constexpr char kPBindRight[] = "RIGHT";
 inline constexpr char kPBindTop[] = "TOP";
 
 constexpr std::int32_t PBindTicketDataNum = 19;
-extern const ticketData PBindticketData[PBindTicketDataNum];
+extern const ticketData PBindticketData[];
 
 // Fills psoptionpbind from argv[5] and applies the rules. Returns 1.
 int PBindGetTicketFromPDE(char *const argv[]);

@@ -2,13 +2,14 @@
 #include "Modules/PBind/PerfectBindParam.h"
 
 #include <cstring>
+#include <iterator>
 
 #include "CommonSource/FilterFrame/Source/BoundedText.h"
 
 // One table for all kinds: no choice name has two meanings. "Stationary" is what the PPDs call it;
 // the two high-capacity feeders stand where the oversized trays would, and no tray is INTRAY8.
 // clang-format off
-const PBindParam PerfectBindParam[kPerfectBindParamNum + 1] = {
+const PBindParam PerfectBindParam[] = {
     // page sizes
     {"A3",                      "A3"},
     {"A4",                      "A4"},
@@ -93,6 +94,7 @@ const PBindParam PerfectBindParam[kPerfectBindParamNum + 1] = {
     {nullptr,                   nullptr},
 };
 // clang-format on
+static_assert(std::size(PerfectBindParam) == kPerfectBindParamNum + 1);
 
 void convertPBindPPDValue(const char *value, char *destination, std::size_t size) {
     const PBindParam *row = PerfectBindParam;

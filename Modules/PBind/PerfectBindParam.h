@@ -11,7 +11,7 @@ struct PBindParam {
     const char *keyword;
 };
 constexpr std::size_t kPerfectBindParamNum = 77;  // without the last row
-extern const PBindParam PerfectBindParam[kPerfectBindParamNum + 1];
+extern const PBindParam PerfectBindParam[];
 
 // Copies the keyword for `value` into `destination` of `size` bytes, where `value` itself may
 // stand; what is longer is cut. A value without a keyword gives an empty text.

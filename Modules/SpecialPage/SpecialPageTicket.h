@@ -26,7 +26,7 @@ inline constexpr char kSPKPInsertionValueKey[] = KV_TICKET "KPIFInsertionValueTi
 inline constexpr char kSPKPExceptionValueKey[] = KV_TICKET "KPIFExceptionValueTicket_";
 
 constexpr std::int32_t SpecialPageTicketDataNum = 3;
-extern const ticketData SpecialPageTicketData[SpecialPageTicketDataNum];
+extern const ticketData SpecialPageTicketData[];
 
 // Fills psOptionSpecialPage from argv[5]. Returns 1.
 int SpecialPageGetTicketFromPDE(char *const argv[]);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Modules/Watermark/WatermarkTicket.h"
 
+#include <iterator>
+
 WatermarkOptions psOptionWatermark;
 
 namespace {
@@ -36,7 +38,7 @@ WatermarkOptions &w = psOptionWatermark;
 }  // namespace
 
 // clang-format off
-const ticketData WatermarkticketData[WatermarkTicketDataNum] = {
+const ticketData WatermarkticketData[] = {
     {kWMNameTicketKey,             w.name,                sizeof w.name,                GetTicketString},
     {kWMARKOptionsTicketKey,       &w.options,            sizeof w.options,             GetTicketInteger},
     {kWMARKOnlyFirstTicketKey,     &w.onlyFirst,          sizeof w.onlyFirst,           GetTicketInteger},
@@ -64,6 +66,7 @@ const ticketData WatermarkticketData[WatermarkTicketDataNum] = {
     {KWMARKvOffsetTicketKey,       &w.verticalOffset,     sizeof w.verticalOffset,      GetTicketFloat},
 };
 // clang-format on
+static_assert(std::size(WatermarkticketData) == WatermarkTicketDataNum);
 
 int WatermarkGetTicketFromPDE(char *const argv[]) {
     return GetTicketFromArray(argv, WatermarkticketData, WatermarkTicketDataNum);

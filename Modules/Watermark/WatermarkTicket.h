@@ -42,7 +42,7 @@ extern WatermarkOptions psOptionWatermark;
 constexpr std::int32_t kWatermarkText = 0;
 
 constexpr std::int32_t WatermarkTicketDataNum = 25;
-extern const ticketData WatermarkticketData[WatermarkTicketDataNum];
+extern const ticketData WatermarkticketData[];
 
 // Fills psOptionWatermark from argv[5]. Returns 1.
 int WatermarkGetTicketFromPDE(char *const argv[]);

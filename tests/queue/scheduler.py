@@ -30,6 +30,7 @@ import time
 import unittest
 
 SOURCE_DIR = pathlib.Path(__file__).resolve().parents[2]
+PATH = os.defpath + ":/usr/sbin:/sbin"
 TIMEOUT = 60  # seconds; what is awaited takes well under one
 SKIPPED = 77  # the exit status that ctest takes as "skipped"
 
@@ -48,6 +49,16 @@ def server_bin():
     """Where the system keeps filters and backends."""
     config = ["cups-config", "--serverbin"]
     return pathlib.Path(subprocess.check_output(config, text=True).strip())
+
+
+def shared_folder():
+    """A folder for temporary files that the scheduler's user can reach and run programs in."""
+    for folder in (tempfile.gettempdir(), "/tmp", "/var/tmp"):
+        path = pathlib.Path(folder).resolve()
+        reachable = all(part.stat().st_mode & 0o001 for part in (path, *path.parents))
+        if reachable and not os.statvfs(path).f_flag & os.ST_NOEXEC:
+            return path
+    raise RuntimeError("no folder for temporary files that all users can reach")
 
 
 def await_true(condition, what, timeout=TIMEOUT):
@@ -69,6 +80,8 @@ class Printer:
         self._listener = socket.create_server(("127.0.0.1", 0))
         self.uri = f"socket://127.0.0.1:{self._listener.getsockname()[1]}/?snmp=false"
         self.jobs = []
+        self.ready = threading.Event()  # cleared, the printer takes connections but no data
+        self.ready.set()
         threading.Thread(target=self._serve, daemon=True).start()
 
     def _serve(self):
@@ -77,13 +90,22 @@ class Printer:
                 connection, _ = self._listener.accept()
             except OSError:  # closed
                 return
+            self.ready.wait()
             with connection:
-                received = bytearray()
-                while data := connection.recv(1 << 16):
-                    received += data
-            self.jobs.append(bytes(received))
+                self.jobs.append(self._receive(connection))
+
+    @staticmethod
+    def _receive(connection):
+        received = bytearray()
+        try:
+            while data := connection.recv(1 << 16):
+                received += data
+        except ConnectionResetError:  # the job was cancelled
+            pass
+        return bytes(received)
 
     def close(self):
+        self.ready.set()
         self._listener.shutdown(socket.SHUT_RDWR)
         self._listener.close()
 
@@ -105,12 +127,19 @@ class Job:
         await_true(lambda: len(received) > self._place, self.log, timeout)
         return received[self._place]
 
+    def end(self, timeout=TIMEOUT):
+        """Waits until the scheduler has done with the job; returns what it says of it."""
+        done = re.compile(rf"\[Job {self.number}\] (Job (?:completed|stopped|aborted|canceled).*)")
+        return await_true(lambda: done.search(self._scheduler.error_log()), self.log, timeout)[1]
+
     def wait(self, timeout=TIMEOUT):
         """Waits until the scheduler has done with the job, which must have succeeded."""
-        done = re.compile(rf"\[Job {self.number}\] (Job (?:completed|stopped|aborted|canceled).*)")
-        end = await_true(lambda: done.search(self._scheduler.error_log()), self.log, timeout)
-        if not end[1].startswith("Job completed."):
-            raise AssertionError(f"job {self.number}: {end[1]}\n{self.log()}")
+        end = self.end(timeout)
+        if end != "Job completed.":
+            raise AssertionError(f"job {self.number}: {end}\n{self.log()}")
+
+    def cancel(self):
+        self._scheduler.run(["cancel", str(self.number)])
 
     def log(self):
         """The job's lines of the error log."""
@@ -162,7 +191,7 @@ class Scheduler:
 
     def __init__(self, binary=None):
         self._binary = pathlib.Path(binary or os.environ["KVFILTER_BINARY"])
-        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="kvfilter-cups-"))
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="kvfilter-cups-", dir=shared_folder()))
         self.temp_folder = self.folder / "spool" / "tmp"  # the TMPDIR of the filters
         self._queues = []
         self._process = None
@@ -214,7 +243,7 @@ class Scheduler:
         return path.read_text(errors="replace") if path.exists() else ""
 
     def _environment(self):
-        return {"PATH": os.defpath + ":/usr/sbin:/sbin", "LC_ALL": "C", "HOME": str(self.folder),
+        return {"PATH": PATH, "LC_ALL": "C", "HOME": str(self.folder),
                 "CUPS_SERVER": f"127.0.0.1:{self._port}"}
 
     def _lay_out(self):
@@ -234,8 +263,11 @@ class Scheduler:
         kvfilter.chmod(0o755)
         # A copy, because the profile that AppArmor holds for the system's cupsd by its path would
         # keep it out of this folder.
+        cupsd = shutil.which("cupsd", path=PATH)
+        if not cupsd:
+            raise RuntimeError("cupsd is not installed")
         self._cupsd = self.folder / "cupsd"
-        shutil.copy(shutil.which("cupsd", path=os.defpath + ":/usr/sbin:/sbin"), self._cupsd)
+        shutil.copy(cupsd, self._cupsd)
 
     def _configure(self):
         folder = self.folder

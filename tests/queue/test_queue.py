@@ -1,11 +1,14 @@
 # SPDX-License-Identifier: Apache-2.0
 """Jobs through a real scheduler: lp, pstops, the filter, the backend."""
 
+import pathlib
+import re
+import tempfile
 import unittest
 
 import scheduler
 from golden import ENTER_POSTSCRIPT, JOB_MODE, accounting, golden_job, job_information
-from scheduler import ppd, sample
+from scheduler import await_true, ppd, sample
 
 
 def header(user="alice"):
@@ -49,6 +52,22 @@ class QueueTest(unittest.TestCase):
             with self.subTest(job=n):
                 self.assertEqual(job.output(), golden_job(header(f"user{n}"), job.document()))
                 self.assertIn(b"%%%%For: (user%d)\n" % n, job.output())
+
+    def test_cancelled_job_stops_although_the_printer_takes_nothing(self):
+        queue = self.scheduler.add_queue("stuck", ppd("kv1010p"))
+        queue.printer.ready.clear()
+        folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
+        document = folder / "long.ps"
+        text = sample("report").read_text()
+        document.write_text(text.replace("(4) foot\n", "(4) foot\n" + "% filler\n" * 2_000_000))
+        job = queue.print(document)
+        process = await_true(lambda: re.search(r"kvfilter \(PID (\d+)\)", job.log()), job.log)[1]
+        job.cancel()
+        self.assertIn("canceled", job.end())
+        await_true(lambda: not pathlib.Path("/proc", process).exists(), job.log)
+
+        queue.printer.ready.set()
+        self.assertEqual(queue.print(sample("report")).pages(), 4)
 
     def test_every_sample_ppd_makes_a_queue_that_prints(self):
         for path in sorted(ppd("kv1010p").parent.glob("*.ppd")):

@@ -15,19 +15,19 @@ constexpr char JobFileNamePath[] = "/private/tmp/kv%s.job";
 // tell a finished copy.
 constexpr mode_t kFinishedMode = 0676;
 
-char path[kPrivatePathSize];
-
 }  // namespace
 
 const char *FlagPath = "/Library/Printers/Korvell/kvjobcopy";
 
 void OpenJobCopy() {
+    char path[kPrivatePathSize];
     gJobFilefp = access(FlagPath, F_OK) == 0 ? CreatePrivateFile(JobFileNamePath, path) : nullptr;
 }
 
 void CloseJobCopy() {
     if (!gJobFilefp) return;
+    std::fflush(gJobFilefp);
+    fchmod(fileno(gJobFilefp), kFinishedMode);  // by its handle: the path may be another's by now
     std::fclose(gJobFilefp);
     gJobFilefp = nullptr;
-    chmod(path, kFinishedMode);
 }

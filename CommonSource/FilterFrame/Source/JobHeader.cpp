@@ -84,10 +84,11 @@ const PrtFmtEntry prtFmtTableKPJLTrailer[] = {
 };
 const std::int32_t numFmtTableKPJLTrailer = std::size(prtFmtTableKPJLTrailer);
 
-void InitializeHeaderCmdParaTable() {
+void InializeDescriptionTable() {
     InitializeCmdParaTable(&symParaKPJLHead, cmdParaNumKPJLHead, cmdParaListKPJLHead);
     InitializeCmdParaTable(&symParaKPJLJobMode, cmdParaNumKPJLJobMode, cmdParaListKPJLJobMode);
     InitializeCmdParaTable(&symParaKPJLTrailer, cmdParaNumKPJLTrailer, cmdParaListKPJLTrailer);
+    InializeDescriptionTableFromFilter();
 }
 
 bool WantsCommentBlock() {

@@ -19,8 +19,8 @@ extern const std::int32_t numFmtTableKPJLTrailer;
 // job-information block whatever their PPD says. Ends with an empty entry.
 extern const char *const modelsWithComment[65];
 
-// Binds the tables above to their values.
-void InitializeHeaderCmdParaTable();
+// Binds the tables above and every module's to their lists; once, before anything is written.
+void InializeDescriptionTable();
 
 // Whether the job's PPD asks for the job-information block.
 bool WantsCommentBlock();

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 
-#include "CommonSource/FilterFrame/Source/JobHeader.h"
 #include "Modules/Comment/CommentTicket.h"
 #include "Modules/Features/FeaturesCommands.h"
 #include "Modules/Features/FeaturesPostScript.h"
@@ -14,11 +13,6 @@
 #include "Modules/SpecialPage/SpecialPageTicket.h"
 #include "Modules/Watermark/WatermarkPostScript.h"
 #include "Modules/Watermark/WatermarkTicket.h"
-
-void InializeDescriptionTable() {
-    InitializeHeaderCmdParaTable();
-    InializeDescriptionTableFromFilter();
-}
 
 void InializeDescriptionTableFromFilter() {
     PrintTypeInializeDescriptionTableFromFilter();

@@ -6,8 +6,7 @@
 
 #include <cstdio>
 
-// Binds the header's and every module's tables to their lists; once, before any other call.
-void InializeDescriptionTable();
+// Binds every module's tables to their lists.
 void InializeDescriptionTableFromFilter();
 
 // Reads every module's ticket values from argv[5]. Returns 1.

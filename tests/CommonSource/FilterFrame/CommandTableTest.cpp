@@ -109,7 +109,7 @@ TEST(CommandTable, SetsAreBoundToTheirLists) {
 
 // The set of the trailer offers more than its format takes; no other table does.
 TEST(CommandTable, HeaderTablesHaveAValueForEachSymbol) {
-    InitializeHeaderCmdParaTable();
+    InializeDescriptionTable();
     const std::pair<const PrtFmtEntry *, std::uint32_t> tables[] = {
         {prtFmtTableKPJLHead, 0},
         {prtFmtTableKPJLJobMode, 0},

@@ -75,7 +75,7 @@ std::string WithoutConditions(const PrtFmtEntry *table, std::int32_t count) {
 }  // namespace
 
 TEST_F(JobHeader, FramingTables) {
-    InitializeHeaderCmdParaTable();
+    InializeDescriptionTable();
     EXPECT_EQ(WithoutConditions(prtFmtTableKPJLHead, numFmtTableKPJLHead), "\x1b%-12345X");
     EXPECT_EQ(WithoutConditions(prtFmtTableKPJLJobMode, numFmtTableKPJLJobMode),
               "@PJL JOB MODE=PRINTER\r\n");

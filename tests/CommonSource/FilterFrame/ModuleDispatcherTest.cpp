@@ -7,6 +7,7 @@
 
 #include <random>
 
+#include "Modules/SpecialPage/SpecialPageTicket.h"
 #include "support/RuledJobs.h"
 
 namespace {
@@ -61,6 +62,14 @@ TEST(ModuleDispatcher, CommandsComeInTheModulesOrder) {
                       (*type == '1' ? kSettingsLines + client : client + kSettingsLines) +
                       kFeaturesLines);
     }
+}
+
+TEST(ModuleDispatcher, SpecialPagesBeginWithoutCounts) {
+    psOptionSpecialPage = {1, 2, 3};
+    InializeDescriptionTable();
+    EXPECT_EQ(psOptionSpecialPage.coverCount, 0);
+    EXPECT_EQ(psOptionSpecialPage.insertionCount, 0);
+    EXPECT_EQ(psOptionSpecialPage.exceptionCount, 0);
 }
 
 // A job put together from jobs that get, and just do not get, some of the commands.

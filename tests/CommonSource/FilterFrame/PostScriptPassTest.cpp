@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
+#include "CommonSource/FilterFrame/Source/JobHeader.h"
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "support/CaptureOutput.h"
 #include "support/Injections.h"

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "CommonSource/FilterFrame/Source/JobHeader.h"
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "support/RuledJobs.h"
 #include "support/TableChecks.h"

@@ -98,7 +98,7 @@ std::string Keyword(const char *value) {
 }  // namespace
 
 TEST(PerfectBindParam, HasEveryPairAndEndsWithANullPair) {
-    ASSERT_EQ(std::size(PerfectBindParam), std::size(pairs) + 1);
+    ASSERT_EQ(kPerfectBindParamNum, std::size(pairs));
     for (std::size_t i = 0; i < std::size(pairs); i++) {
         SCOPED_TRACE(pairs[i][0]);
         EXPECT_STREQ(PerfectBindParam[i].ppdValue, pairs[i][0]);

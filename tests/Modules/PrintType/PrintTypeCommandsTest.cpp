@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "CommonSource/FilterFrame/Source/JobHeader.h"
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "support/RuledJobs.h"
 #include "support/TableChecks.h"

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <iterator>
 #include <string>
 
 namespace {
@@ -31,7 +30,7 @@ TEST(SpecialPageTicket, TableHasTheKeysInTheirOrder) {
     const void *const fields[] = {&psOptionSpecialPage.coverCount,
                                   &psOptionSpecialPage.insertionCount,
                                   &psOptionSpecialPage.exceptionCount};
-    ASSERT_EQ(std::size(SpecialPageTicketData), 3U);
+    ASSERT_EQ(SpecialPageTicketDataNum, 3);
     for (std::size_t i = 0; i < 3; i++) {
         EXPECT_STREQ(SpecialPageTicketData[i].key, keys[i]);
         EXPECT_EQ(SpecialPageTicketData[i].destination, fields[i]);

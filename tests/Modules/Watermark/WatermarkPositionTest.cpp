@@ -136,6 +136,11 @@ TEST_F(WatermarkPosition, ReckonsWithPiToSevenDecimals) {
 TEST_F(WatermarkPosition, KeepsResultsInSinglePrecision) {
     psOptionWatermark.paperWidth = 1 << 25;
     EXPECT_EQ(OnPage(0, 0, 1.0F).x, 16777216.0F);
+    // So is the centred position before the offsets move it: 16777217 has become 16777216.
+    psOptionWatermark.paperWidth = (1 << 25) + 2;
+    psOptionWatermark.paperHeight = (1 << 25) + 2;
+    EXPECT_EQ(OnPage(0, 0, 1.0F, 1.0F).x, 16777216.0F);
+    EXPECT_EQ(OnPage(0, 0, 1.0F, 1.0F).y, 16777216.0F);
 }
 
 struct SheetCase {
