@@ -7,6 +7,7 @@
 
 #include <random>
 
+#include "CommonSource/FilterFrame/Source/JobHeader.h"
 #include "Modules/SpecialPage/SpecialPageTicket.h"
 #include "support/RuledJobs.h"
 
