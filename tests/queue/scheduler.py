@@ -297,6 +297,7 @@ Browsing No
 WebInterface No
 DefaultAuthType None
 ErrorPolicy abort-job
+JobKillDelay 1
 MaxJobs 0
 MaxClients 1000
 <Location />

@@ -53,6 +53,8 @@ class QueueTest(unittest.TestCase):
                 self.assertEqual(job.output(), golden_job(header(f"user{n}"), job.document()))
                 self.assertIn(b"%%%%For: (user%d)\n" % n, job.output())
 
+    # A filter in the middle of a write stops at no page end, and the socket backend takes no signal
+    # while filters feed it: JobKillDelay is what ends them.
     def test_cancelled_job_stops_although_the_printer_takes_nothing(self):
         queue = self.scheduler.add_queue("stuck", ppd("kv1010p"))
         queue.printer.ready.clear()
