@@ -7,8 +7,8 @@
 #include <cstdlib>
 
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
-#include "CommonSource/FilterFrame/Source/JobPPD.h"
 #include "CommonSource/FilterFrame/Source/JobHeader.h"
+#include "CommonSource/FilterFrame/Source/JobPPD.h"
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "support/CaptureOutput.h"
 #include "support/DecompositionJob.h"

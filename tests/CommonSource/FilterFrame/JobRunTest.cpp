@@ -232,6 +232,26 @@ std::string RunJobInChild(std::vector<std::string> words, Prepare prepare, int *
     return folder.Read("output");
 }
 
+// Longer than some systems hand to a program, so they are given to the job run itself.
+TEST(JobRun, SurvivesOptionStringsOfAMegabyte) {
+    const TempFolder folder;
+    const std::string document = folder.Write("a.ps", "ep\n");
+    const std::string filler(1 << 20, 'x');
+    for (const std::string &options :
+         {filler, std::string(1 << 20, '='), std::string(1 << 20, '"'), "number-up=" + filler,
+          "number-up='" + filler, WatermarkJob{.text = filler}.Options(),
+          TicketOption("PrintTypeTicketKey", filler)}) {
+        int status = -1;
+        const std::string output = RunJobInChild(
+            {"1", "user", "title", "1", options, document}, [] {}, &status);
+        SCOPED_TRACE(options.substr(0, 20));
+        EXPECT_EQ(status, 0);
+        EXPECT_TRUE(output.starts_with("\x1b%-12345X@PJL JOB MODE=PRINTER\r\n"));
+        EXPECT_NE(output.find(kEnterPostScript), output.npos);
+        EXPECT_TRUE(output.ends_with(std::string("ep\n\x04") + kTrailer));
+    }
+}
+
 TEST(JobRun, KeepsACopyOfTheJobWhenTheMarkerFileExists) {
     if (std::filesystem::is_directory("/private/tmp")) {
         GTEST_SKIP() << "/private/tmp takes the place of $TMPDIR here";
