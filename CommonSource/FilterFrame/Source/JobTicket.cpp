@@ -2,8 +2,8 @@
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 
@@ -108,13 +108,11 @@ int GetTicketFloat(const char *key, int optionCount, cups_option_t *options, voi
     const char *value = cupsGetOption(key, optionCount, options);
     float number = -1.0F;
     if (value) {
-        double parsed = 0.0;
-        value = SkipBlanks(value);
-        if (*value == '+' && value[1] != '-') value++;
-        std::from_chars(value, value + std::strlen(value), parsed);
-        number = static_cast<float>(parsed);
+        // The process keeps to the C locale, whatever the user's is.
+        const double parsed = std::strtod(value, nullptr);
         // "inf", "nan" and what a float cannot hold are no measures of a page.
-        if (!std::isfinite(number)) number = 0.0F;
+        const bool fits = std::fabs(parsed) <= std::numeric_limits<float>::max();
+        number = fits ? static_cast<float>(parsed) : 0.0F;
     }
     std::memcpy(destination, &number, sizeof number);
     return value != nullptr;
