@@ -26,12 +26,6 @@ bool HasInput(int file) {
     return poll(&input, 1, 0) > 0;
 }
 
-// The start of the line that ends at `end`: behind the line end before it, or `first`.
-const char *LineStart(const char *first, const char *end) {
-    while (end != first && !IsLineEnd(end[-1])) end--;
-    return end;
-}
-
 template <std::size_t count>
 bool HoldsAll(std::string_view line, const std::string_view (&names)[count]) {
     return std::all_of(names, names + count, [line](std::string_view name) {
@@ -48,7 +42,7 @@ void DocumentReader::Open(int file, Mode mode, void (*beforeWaiting)(), const Li
     file_ = file;
     lineMayMatter_ = false;
     hasPending_ = false;
-    begin_ = lineStart_ = scan_ = limit_ = end_ = buffer_ + kRoom;
+    begin_ = lineStart_ = searched_ = scan_ = limit_ = end_ = buffer_ + kRoom;
     std::memset(buffer_, 0, kRoom);
 }
 
@@ -79,6 +73,15 @@ bool DocumentReader::Next(DocumentPiece &piece) {
 
 int DocumentReader::LastByte() const {
     return limit_ == end_ ? -1 : static_cast<unsigned char>(*limit_);
+}
+
+// The start of the line that ends at `end`: behind the line end before it, or `first`. Long lines
+// are passed piece by piece at the speed of the search.
+const char *DocumentReader::LineStart(const char *first, const char *end) const {
+    constexpr std::ptrdiff_t kPiece = 1024;
+    while (end - first > kPiece && search_->findLineEnd(end - kPiece, end) == end) end -= kPiece;
+    while (end != first && !IsLineEnd(end[-1])) end--;
+    return end;
 }
 
 // Searches what has arrived for the next recognised line; if there is one, the search has then
@@ -120,7 +123,11 @@ bool DocumentReader::Recognise(const char *lineEnd, bool hasSigns, DocumentPiece
 
 // Takes what the search has passed, but for the line that it is in.
 bool DocumentReader::TakeRun(DocumentPiece &piece) {
-    lineStart_ = LineStart(lineStart_, scan_);
+    // The line that an earlier search was in has its start; only what is new may hold a later one.
+    const char *first = std::max(lineStart_, searched_);
+    const char *start = LineStart(first, scan_);
+    if (start != first) lineStart_ = start;
+    searched_ = scan_;
     lineStart_ += static_cast<std::size_t>(scan_ - lineStart_) / kLineBufferFull * kLineBufferFull;
     piece = {DocumentPiece::kRun, {begin_, static_cast<std::size_t>(lineStart_ - begin_)}, nullptr};
     begin_ = lineStart_;
@@ -134,7 +141,7 @@ bool DocumentReader::Refill() {
     char *block = buffer_ + kRoom;
     std::memmove(block - rest, begin_, rest);
     begin_ = lineStart_ = block - rest;
-    scan_ = limit_ = block - withheld;
+    searched_ = scan_ = limit_ = block - withheld;
     end_ = block;
 
     if (beforeWaiting_ && !HasInput(file_)) beforeWaiting_();

@@ -50,6 +50,7 @@ class DocumentReader {
     int LastByte() const;
 
   private:
+    const char *LineStart(const char *first, const char *end) const;
     bool FindRecognisedLine(DocumentPiece &line);
     bool Recognise(const char *lineEnd, bool hasSigns, DocumentPiece &line) const;
     bool TakeRun(DocumentPiece &piece);
@@ -68,6 +69,7 @@ class DocumentReader {
     DocumentPiece pending_;  // the recognised line behind a run
     const char *begin_;      // first byte not handed out
     const char *lineStart_;  // start of the line that the search has reached
+    const char *searched_;   // how far lineStart_ has been brought up to date
     const char *scan_;       // where the search goes on
     const char *limit_;      // where it ends: all that has arrived, less the withheld byte
     const char *end_;        // end of what has arrived
