@@ -34,7 +34,14 @@ struct SixteenBytes {
 
 constexpr LineSearch kSSE2 = MakeLineSearch<SixteenBytes>("sse2");
 
-const bool hasAVX2 = __builtin_cpu_supports("avx2");
+// Asked when first needed, which may be before this file's own variables have their values.
+bool HasAVX2() {
+    static const bool has = [] {
+        __builtin_cpu_init();
+        return __builtin_cpu_supports("avx2") != 0;
+    }();
+    return has;
+}
 
 #endif
 
@@ -43,12 +50,12 @@ const bool hasAVX2 = __builtin_cpu_supports("avx2");
 #ifdef __SSE2__
 
 const LineSearch &BestLineSearch() {
-    return hasAVX2 ? lineSearchAVX2 : kSSE2;
+    return HasAVX2() ? lineSearchAVX2 : kSSE2;
 }
 
 const LineSearch *const *AllLineSearches() {
     static const LineSearch *const searches[] = {&kScalar, &kSSE2,
-                                                 hasAVX2 ? &lineSearchAVX2 : nullptr, nullptr};
+                                                 HasAVX2() ? &lineSearchAVX2 : nullptr, nullptr};
     return searches;
 }
 
