@@ -18,6 +18,8 @@
 #include "CommonSource/FilterFrame/Source/PostScriptPass.h"
 #include "CommonSource/FilterFrame/Source/TextEncoding.h"
 #include "CommonSource/FilterFrame/Source/UtilityFunctionFilter.h"
+#include "FrontEnd/FrontEnd.h"
+#include "FrontEnd/Messages.h"
 
 void SignalHandler(int) {
     CancelJob = 1;
@@ -56,6 +58,7 @@ void FindClient() {
 
 int RunJob(int argc, char *argv[]) {
     SetNames(argv);
+    FindFrontEnd(argv[5]);
     InializeDescriptionTable();
     OpenJobCopy();
     FindClient();
@@ -71,5 +74,5 @@ int RunJob(int argc, char *argv[]) {
     OutputKPJLCommandFromArray(argv, prtFmtTableKPJLTrailer, numFmtTableKPJLTrailer);
     CloseJobCopy();
     std::fflush(stdout);  // a printer that has gone shows here at the latest
-    return CancelJobForPipe == 1 ? 1 : 0;
+    return CancelJobForPipe == 1 || ErrorWasReported() ? 1 : 0;
 }

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "FrontEnd/Messages.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+
+#include "FrontEnd/FrontEnd.h"
+
+namespace {
+
+// CUPS splits a line of more than CUPS_MAX_MESSAGE (2047) bytes and takes its rest for another
+// message; shorter ones are also what a person reads.
+constexpr std::size_t kMessageSize = 1024;
+
+bool errorReported = false;
+
+bool IsControl(char byte) {
+    return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
+}
+
+// One write, so that the messages of the chain's filters do not mix within a line.
+void Report(std::string_view prefix, std::string_view text) {
+    if (!FrontEndIsCUPS()) return;
+    char line[kMessageSize];
+    char *end = std::copy(prefix.begin(), prefix.end(), line);
+    const std::size_t room = sizeof line - prefix.size() - 1;
+    end = std::replace_copy_if(
+        text.begin(), text.begin() + static_cast<std::ptrdiff_t>(std::min(room, text.size())), end,
+        IsControl, ' ');
+    *end++ = '\n';
+    std::fwrite(line, 1, static_cast<std::size_t>(end - line), stderr);
+}
+
+}  // namespace
+
+void ReportError(std::string_view text) {
+    if (FrontEndIsCUPS()) errorReported = true;
+    Report("ERROR: ", text);
+}
+
+void ReportWarning(std::string_view text) {
+    Report("WARNING: ", text);
+}
+
+void ReportInfo(std::string_view text) {
+    Report("INFO: ", text);
+}
+
+void ReportDebug(std::string_view text) {
+    Report("DEBUG: ", text);
+}
+
+bool ErrorWasReported() {
+    return errorReported;
+}
