@@ -5,8 +5,6 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include <memory>
-
 #include "CommonSource/FilterFrame/Source/DocumentReader.h"
 #include "Documents.h"
 
@@ -38,12 +36,11 @@ void Read(benchmark::State &state, const LineSearch *search, DocumentReader::Mod
     const std::string document = DocumentBlock(kind);
     const int file = memfd_create("document", MFD_CLOEXEC);
     if (write(file, document.data(), document.size()) < 0) state.SkipWithError("write");
-    const auto reader = std::make_unique<DocumentReader>();
     for (auto _ : state) {
         lseek(file, 0, SEEK_SET);
-        reader->Open(file, mode, nullptr, *search);
+        DocumentReader reader(file, mode, nullptr, *search);
         DocumentPiece piece;
-        while (reader->Next(piece)) benchmark::DoNotOptimize(piece.text.data());
+        while (reader.Next(piece)) benchmark::DoNotOptimize(piece.text.data());
     }
     close(file);
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(document.size()));

@@ -5,8 +5,8 @@
 
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
-#include "CommonSource/FilterFrame/Source/PostScriptLines.h"
 #include "Modules/Features/FeaturesTicket.h"
+#include "Tables/SpecialLines.h"
 
 namespace {
 

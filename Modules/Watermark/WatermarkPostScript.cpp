@@ -4,9 +4,9 @@
 #include <cstdarg>
 
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
-#include "CommonSource/FilterFrame/Source/PostScriptLines.h"
 #include "Modules/Watermark/WatermarkPosition.h"
 #include "Modules/Watermark/WatermarkTicket.h"
+#include "Tables/SpecialLines.h"
 
 namespace {
 

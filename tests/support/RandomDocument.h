@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "CommonSource/FilterFrame/Source/PostScriptLines.h"
+#include "Tables/SpecialLines.h"
 
 class RandomDocument {
   public:

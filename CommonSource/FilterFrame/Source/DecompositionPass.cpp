@@ -6,11 +6,12 @@
 
 #include <cstdio>
 
+#include "CommonSource/FilterFrame/Source/DocumentReader.h"
 #include "CommonSource/FilterFrame/Source/FeatureToPJL.h"
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
 #include "CommonSource/FilterFrame/Source/JobHeader.h"
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
-#include "CommonSource/FilterFrame/Source/PostScriptPass.h"
+#include "CommonSource/FilterFrame/Source/PostScriptLines.h"
 
 char PPDPJLOutFilePath[kPrivatePathSize];
 
@@ -38,13 +39,13 @@ void PutEnd(int lastByte, std::FILE *stored) {
 // Reads the document into `stored` and writes the PJL of its features. False if the job was
 // cancelled.
 bool StoreDocument(int document, char *const argv[], std::FILE *stored) {
-    documentReader.Open(document, DocumentReader::kFeatures);
+    DocumentReader reader(document, DocumentReader::kFeatures);
     FeatureState features = StartFeatures();
     DocumentState state;
     DocumentPiece piece;
-    while (documentReader.Next(piece)) {
+    while (reader.Next(piece)) {
         PutPJL(piece, features);
-        // Behind a gap nothing is stored: a page with a hole in it would print nonsense.
+        // After a gap nothing is stored: a page with a hole in it would print nonsense.
         if (std::ferror(stored)) {
             if (EndsCancelledJob(piece)) return false;
             continue;
@@ -55,7 +56,7 @@ bool StoreDocument(int document, char *const argv[], std::FILE *stored) {
             return false;
         }
     }
-    if (!std::ferror(stored)) PutEnd(documentReader.LastByte(), stored);
+    if (!std::ferror(stored)) PutEnd(reader.LastByte(), stored);
     return true;
 }
 
@@ -63,9 +64,9 @@ bool StoreDocument(int document, char *const argv[], std::FILE *stored) {
 void SendDocument() {
     const int stored = open(PPDPJLOutFilePath, O_RDONLY | O_NOFOLLOW | O_CLOEXEC);
     if (stored < 0) return;
-    documentReader.Open(stored, DocumentReader::kPlain);
+    DocumentReader reader(stored, DocumentReader::kPlain);
     DocumentPiece piece;
-    while (documentReader.Next(piece)) {
+    while (reader.Next(piece)) {
         std::fwrite(piece.text.data(), 1, piece.text.size(), stdout);
         if (EndsCancelledJob(piece)) break;
     }

@@ -17,7 +17,7 @@ extern char PPDPJLOutFilePath[kPrivatePathSize];
 //
 // Nothing is reported. Without input or temporary file nothing is written. A job that is cancelled
 // while its document is read ends at a page end, with neither the switch nor the document, and
-// leaves the temporary file; one that is cancelled later ends behind a page end. When the disk is
+// leaves the temporary file; one that is cancelled later ends after a page end. When the disk is
 // full, what was stored until then is sent, as far as its last line end; the pages that follow are
 // neither stored nor logged.
 void OutputPSStreamtoFileandInsertPJLforFeaturePDE(int argc, char *const argv[]);

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CommonSource/FilterFrame/Source/DocumentReader.h"
 
+#include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cassert>
 #include <cerrno>
 #include <cstring>
 
@@ -35,15 +37,20 @@ bool HoldsAll(std::string_view line, const std::string_view (&names)[count]) {
 
 }  // namespace
 
-void DocumentReader::Open(int file, Mode mode, void (*beforeWaiting)(), const LineSearch &search) {
-    search_ = &search;
-    beforeWaiting_ = beforeWaiting;
-    mode_ = mode;
-    file_ = file;
-    lineMayMatter_ = false;
-    hasPending_ = false;
-    begin_ = lineStart_ = searched_ = scan_ = limit_ = end_ = buffer_ + kRoom;
-    std::memset(buffer_, 0, kRoom);
+int OpenDocument(bool fromStandardInput, char *const argv[]) {
+    return fromStandardInput ? STDIN_FILENO : open(argv[6], O_RDONLY | O_CLOEXEC);
+}
+
+DocumentReader::DocumentReader(int file, Mode mode, void (*beforeWaiting)(),
+                               const LineSearch &search)
+    : file_(file), mode_(mode), beforeWaiting_(beforeWaiting), search_(search) {
+    std::memset(buffer_, 0, kRoom);  // the search looks back
+}
+
+bool DocumentReader::PlacesAreInOrder() const {
+    const char *const places[] = {buffer_, begin_, lineStart_,       scan_,
+                                  limit_,  end_,   std::end(buffer_)};
+    return std::is_sorted(std::begin(places), std::end(places)) && searched_ <= scan_;
 }
 
 bool DocumentReader::Next(DocumentPiece &piece) {
@@ -75,28 +82,29 @@ int DocumentReader::LastByte() const {
     return limit_ == end_ ? -1 : static_cast<unsigned char>(*limit_);
 }
 
-// The start of the line that ends at `end`: behind the line end before it, or `first`. Long lines
+// The start of the line that ends at `end`: after the line end before it, or `first`. Long lines
 // are passed piece by piece at the speed of the search.
 const char *DocumentReader::LineStart(const char *first, const char *end) const {
     constexpr std::ptrdiff_t kPiece = 1024;
-    while (end - first > kPiece && search_->findLineEnd(end - kPiece, end) == end) end -= kPiece;
+    while (end - first > kPiece && search_.findLineEnd(end - kPiece, end) == end) end -= kPiece;
     while (end != first && !IsLineEnd(end[-1])) end--;
     return end;
 }
 
 // Searches what has arrived for the next recognised line; if there is one, the search has then
-// reached the line behind it, else all that has arrived.
+// reached the line after it, else all that has arrived.
 bool DocumentReader::FindRecognisedLine(DocumentPiece &line) {
     const LineSearch::Search findLine =
-        mode_ == kFeatures ? search_->findSpecialOrSettingsLine : search_->findSpecialLine;
+        mode_ == kFeatures ? search_.findSpecialOrSettingsLine : search_.findSpecialLine;
     while (scan_ != limit_) {
-        const char *hit = (lineMayMatter_ ? search_->findLineEnd : findLine)(scan_, limit_);
+        const char *hit = (lineMayMatter_ ? search_.findLineEnd : findLine)(scan_, limit_);
         if (hit == limit_) break;
         scan_ = hit + 1;
         const bool hasSigns = lineMayMatter_;
         lineMayMatter_ = !IsLineEnd(*hit);
         if (!lineMayMatter_ && Recognise(hit, hasSigns, line)) {
             lineStart_ = scan_;
+            assert(PlacesAreInOrder());
             return true;
         }
     }
@@ -131,10 +139,11 @@ bool DocumentReader::TakeRun(DocumentPiece &piece) {
     lineStart_ += static_cast<std::size_t>(scan_ - lineStart_) / kLineBufferFull * kLineBufferFull;
     piece = {DocumentPiece::kRun, {begin_, static_cast<std::size_t>(lineStart_ - begin_)}, nullptr};
     begin_ = lineStart_;
+    assert(PlacesAreInOrder());
     return !piece.text.empty();
 }
 
-// Moves the unfinished line in front of the block and reads what has arrived behind it.
+// Moves the unfinished line in front of the block and reads into that what has arrived.
 bool DocumentReader::Refill() {
     const std::size_t rest = static_cast<std::size_t>(end_ - begin_);
     const std::size_t withheld = static_cast<std::size_t>(end_ - limit_);
@@ -152,5 +161,6 @@ bool DocumentReader::Refill() {
     if (count <= 0) return false;
     end_ = block + count;
     limit_ = mode_ == kFeatures ? end_ - 1 : end_;
+    assert(PlacesAreInOrder());
     return true;
 }

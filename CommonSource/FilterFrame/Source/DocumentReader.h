@@ -6,6 +6,15 @@
 //
 // A line is recognised as a whole, but one that fills the line buffer (8065 bytes) is passed on and
 // its rest counts as a new line. Nothing waits for a full block: what has arrived is handed out.
+//
+// The buffer, in the order of its addresses; some of these places often coincide:
+//
+//   buffer_      begin_            lineStart_       scan_        limit_         end_
+//      | free      | not handed out    | line that the | not        | withheld     |
+//      |           | yet               | search is in  | searched   | last byte    |
+//
+// The block that is read begins at buffer_ + kRoom; what the one before it left unfinished, at most
+// one line, stands in front of that.
 #pragma once
 
 #include <cstddef>
@@ -13,10 +22,15 @@
 
 #include "CommonSource/FilterFrame/Source/LineSearch.h"
 #include "CommonSource/FilterFrame/Source/PipeCapacity.h"
-#include "CommonSource/FilterFrame/Source/PostScriptLines.h"
+#include "Tables/SpecialLines.h"
 
 // Bytes of a line, without its end, that are passed on before the end is seen.
 constexpr std::size_t kLineBufferFull = 8065;
+
+constexpr int kEndOfPostScriptJob = 4;  // Ctrl-D
+
+// Opens the document: standard input, or the file argv[6]. Returns a descriptor, or -1.
+int OpenDocument(bool fromStandardInput, char *const argv[]);
 
 struct DocumentPiece {
     enum Kind {
@@ -39,8 +53,10 @@ class DocumentReader {
 
     // Reads from `file`, a descriptor that the caller owns. `beforeWaiting`, if any, is called when
     // nothing more has arrived yet: the time to pass on what is ready. `search` is for tests.
-    void Open(int file, Mode mode, void (*beforeWaiting)() = nullptr,
-              const LineSearch &search = BestLineSearch());
+    explicit DocumentReader(int file, Mode mode, void (*beforeWaiting)() = nullptr,
+                            const LineSearch &search = BestLineSearch());
+    DocumentReader(const DocumentReader &) = delete;
+    DocumentReader &operator=(const DocumentReader &) = delete;
 
     // Stores the next piece; false at the end of the document (or when it cannot be read). What
     // follows the last line end, up to 8064 bytes, is never handed out.
@@ -55,23 +71,24 @@ class DocumentReader {
     bool Recognise(const char *lineEnd, bool hasSigns, DocumentPiece &line) const;
     bool TakeRun(DocumentPiece &piece);
     bool Refill();
+    bool PlacesAreInOrder() const;
 
     // Before the block there is room for the line that the previous block left unfinished.
     static constexpr std::size_t kRoom = 8192;
     static constexpr std::size_t kBlock = kPipeCapacity;
 
-    const LineSearch *search_;
-    void (*beforeWaiting_)();
-    Mode mode_;
-    int file_;
-    bool lineMayMatter_;     // a search has seen signs of feature code in the line at scan_
-    bool hasPending_;        // pending_ is to be handed out next
-    DocumentPiece pending_;  // the recognised line behind a run
-    const char *begin_;      // first byte not handed out
-    const char *lineStart_;  // start of the line that the search has reached
-    const char *searched_;   // how far lineStart_ has been brought up to date
-    const char *scan_;       // where the search goes on
-    const char *limit_;      // where it ends: all that has arrived, less the withheld byte
-    const char *end_;        // end of what has arrived
+    const int file_;
+    const Mode mode_;
+    void (*const beforeWaiting_)();
+    const LineSearch &search_;
+    bool lineMayMatter_ = false;  // a search has seen signs of feature code in the line at scan_
+    bool hasPending_ = false;     // pending_ is to be handed out next
+    DocumentPiece pending_{};     // the recognised line after a run
+    const char *begin_ = buffer_ + kRoom;  // first byte not handed out
+    const char *lineStart_ = begin_;       // start of the line that the search has reached
+    const char *searched_ = begin_;        // how far lineStart_ has been brought up to date
+    const char *scan_ = begin_;            // where the search goes on
+    const char *limit_ = begin_;  // where it ends: all that has arrived, less the withheld byte
+    const char *end_ = begin_;    // end of what has arrived
     char buffer_[kRoom + kBlock];
 };

@@ -36,8 +36,6 @@ void SetNames(char *argv[]) {
     std::memset(StdJBAUserName, 0, sizeof StdJBAUserName);
     std::memcpy(StdJBAUserName, StdUserName, sizeof StdJBAUserName - 1);
     ClearLayoutBuffers();
-    std::signal(SIGTERM, SignalHandler);
-    std::signal(SIGPIPE, SignalPipeHandler);
     InvalidateStdUserName();
 
     std::memset(StdDocumentName, 0, sizeof StdDocumentName);
@@ -57,6 +55,8 @@ void FindClient() {
 }  // namespace
 
 int RunJob(int argc, char *argv[]) {
+    std::signal(SIGTERM, SignalHandler);
+    std::signal(SIGPIPE, SignalPipeHandler);
     SetNames(argv);
     FindFrontEnd(argv[5]);
     InializeDescriptionTable();

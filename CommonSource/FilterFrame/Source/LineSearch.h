@@ -17,7 +17,7 @@ struct LineSearch {
     const char *name;  // "avx2"
     // The next line feed or carriage return.
     Search findLineEnd;
-    // The next line end behind two bytes that a special line may end in.
+    // The next line end after two bytes that a special line may end in.
     Search findSpecialLine;
     // The same, or the last byte of "%%B", "SCR" or "CPR": the line there may hold PPD feature code
     // or printer settings.

@@ -12,20 +12,21 @@
 #include <bit>
 
 #include "CommonSource/FilterFrame/Source/LineSearch.h"
+#include "Tables/SpecialLines.h"
 
 namespace {
 
 template <class V>
-V LineEnds(const char *at) {
+constexpr V LineEnds(const char *at) {
     const V bytes = V::Load(at);
     return V::Equal(bytes, '\n') | V::Equal(bytes, '\r');
 }
 
-// Line ends behind the two bytes that a special line may end in: "ep", "bp", "dp" (endp), "up"
+// Line ends after the two bytes that a special line may end in: "ep", "bp", "dp" (endp), "up"
 // (%%EndSetup, %%EndPageSetup), "ge" (showpage), "og" (%%EndProlog, %%BeginProlog), "ut"
 // (userdict/setpagedevice{pop}bind put).
 template <class V>
-V SpecialLineEnds(const char *at) {
+constexpr V SpecialLineEnds(const char *at) {
     const V last = V::Load(at - 1);
     const V before = V::Load(at - 2);
     const V u = V::Equal(before, 'u');
@@ -53,12 +54,23 @@ struct OneByte {
     bool byte;
     char value;
 
-    static OneByte Load(const char *at) { return {false, *at}; }
-    static OneByte Equal(OneByte vector, char character) { return {vector.value == character, 0}; }
-    static unsigned Hits(OneByte vector) { return vector.byte; }
-    OneByte operator|(OneByte other) const { return {byte || other.byte, 0}; }
-    OneByte operator&(OneByte other) const { return {byte && other.byte, 0}; }
+    static constexpr OneByte Load(const char *at) { return {false, *at}; }
+    static constexpr OneByte Equal(OneByte vector, char character) {
+        return {vector.value == character, 0};
+    }
+    static constexpr unsigned Hits(OneByte vector) { return vector.byte; }
+    constexpr OneByte operator|(OneByte other) const { return {byte || other.byte, 0}; }
+    constexpr OneByte operator&(OneByte other) const { return {byte && other.byte, 0}; }
 };
+
+constexpr bool FindsEverySpecialLine() {
+    return std::ranges::all_of(specialLines, [](const SpecialLine &line) {
+        const std::string_view text = line.text;
+        const char end[] = {text[text.size() - 2], text[text.size() - 1], '\n'};
+        return OneByte::Hits(SpecialLineEnds<OneByte>(end + 2)) != 0;
+    });
+}
+static_assert(FindsEverySpecialLine(), "SpecialLineEnds lacks the last two bytes of a line");
 
 template <class V, V (*match)(const char *), OneByte (*matchOne)(const char *)>
 const char *Find(const char *from, const char *end) {

@@ -16,6 +16,6 @@ int GetTicketFromPDE(char *const argv[]);
 void OutputKPJLCommandFromFilter(char *const argv[]);
 
 // Lets the modules write PostScript to `stream` at one injection point of the document
-// (InjectionPoint, PostScriptLines.h). `pageNumber` is the number of the page that ends, at a page
+// (InjectionPoint, SpecialLines.h). `pageNumber` is the number of the page that ends, at a page
 // end, and else the number of pages that have ended. Returns what the last module returns.
 int OutputPSCommandFromFilter(int position, int pageNumber, std::FILE *stream);

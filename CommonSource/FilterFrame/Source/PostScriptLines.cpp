@@ -5,28 +5,6 @@
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
 
-// clang-format off
-const SpecialLine specialLines[kSpecialLineCount] = {
-    // text                                   point                         modules write         ends   logs   stops
-    {"ep",                                    kPointBeforeEp,               SpecialLine::kBefore, true,  true,  true},
-    {"endp",                                  kPointBeforeEndp,             SpecialLine::kBefore, true,  false, true},
-    {"showpage",                              kPointNone,                   SpecialLine::kBefore, false, false, true},
-    {"bp",                                    kPointAfterBp,                SpecialLine::kAfter,  false, false, false},
-    {"%%EndSetup",                            kPointBeforeEndSetup,         SpecialLine::kBefore, false, false, false},
-    {"userdict/setpagedevice{pop}bind put",   kPointBeforeSetPageDevicePop, SpecialLine::kBefore, false, false, false},
-    {"%%EndPageSetup",                        kPointAfterEndPageSetup,      SpecialLine::kAfter,  false, false, false},
-    {"%%BeginProlog",                         kPointAfterBeginProlog,       SpecialLine::kAfter,  false, false, false},
-    {"%%EndProlog",                           kPointBeforeEndProlog,        SpecialLine::kBefore, false, false, false},
-};
-// clang-format on
-
-const SpecialLine *FindSpecialLine(std::string_view line) {
-    for (const SpecialLine &special : specialLines) {
-        if (special.text == line) return &special;
-    }
-    return nullptr;
-}
-
 bool PutSpecialLine(const SpecialLine &special, std::string_view line, DocumentState &state,
                     char *const argv[], std::FILE *stream) {
     if (special.endsPage) state.pageCounter++;

@@ -3,8 +3,6 @@
 // The reader in the mode that hands out feature and settings lines and withholds the last byte.
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "CommonSource/FilterFrame/Source/DocumentReader.h"
 #include "support/FeatureLines.h"
 #include "support/Feeder.h"
@@ -65,17 +63,16 @@ Contents Expected(const std::string &document) {
 
 Contents ReadInPieces(const std::string &document, const std::vector<std::size_t> &sizes,
                       const LineSearch &search) {
-    const auto reader = std::make_unique<DocumentReader>();
     const Feeder feeder(document, sizes);
-    reader->Open(feeder.ReadEnd(), DocumentReader::kFeatures, nullptr, search);
+    DocumentReader reader(feeder.ReadEnd(), DocumentReader::kFeatures, nullptr, search);
     Contents contents{};
     DocumentPiece piece;
-    while (reader->Next(piece)) {
+    while (reader.Next(piece)) {
         EXPECT_FALSE(piece.text.empty());
         EXPECT_EQ(piece.special != nullptr, piece.kind == DocumentPiece::kSpecial);
         contents.Add(piece.kind, std::string(piece.text));
     }
-    contents.lastByte = reader->LastByte();
+    contents.lastByte = reader.LastByte();
     return contents;
 }
 

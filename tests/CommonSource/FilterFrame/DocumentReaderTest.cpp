@@ -4,8 +4,6 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "support/Feeder.h"
 #include "support/RandomDocument.h"
 
@@ -55,10 +53,9 @@ Contents Read(DocumentReader &reader) {
 
 Contents ReadInPieces(const std::string &document, const std::vector<std::size_t> &sizes,
                       const LineSearch &search) {
-    const auto reader = std::make_unique<DocumentReader>();
     const Feeder feeder(document, sizes);
-    reader->Open(feeder.ReadEnd(), DocumentReader::kPlain, nullptr, search);
-    return Read(*reader);
+    DocumentReader reader(feeder.ReadEnd(), DocumentReader::kPlain, nullptr, search);
+    return Read(reader);
 }
 
 class DocumentReaderTest : public testing::TestWithParam<const LineSearch *> {};
@@ -137,47 +134,42 @@ TEST(DocumentReader, RecognisesOnlyWholeLines) {
 
 TEST(DocumentReader, HandsOutRunsWhole) {
     const std::string run = "one\ntwo\r\nthree\n";
-    const auto reader = std::make_unique<DocumentReader>();
     const Feeder feeder(run + "ep\n" + run, {1000});
-    reader->Open(feeder.ReadEnd(), DocumentReader::kPlain);
+    DocumentReader reader(feeder.ReadEnd(), DocumentReader::kPlain);
     DocumentPiece piece;
-    ASSERT_TRUE(reader->Next(piece));
+    ASSERT_TRUE(reader.Next(piece));
     EXPECT_EQ(piece.kind, DocumentPiece::kRun);
     EXPECT_EQ(piece.text, run);
-    ASSERT_TRUE(reader->Next(piece));
+    ASSERT_TRUE(reader.Next(piece));
     EXPECT_EQ(piece.kind, DocumentPiece::kSpecial);
     EXPECT_EQ(piece.text, "ep\n");
-    ASSERT_TRUE(reader->Next(piece));
+    ASSERT_TRUE(reader.Next(piece));
     EXPECT_EQ(piece.text, run);
-    EXPECT_FALSE(reader->Next(piece));
-    EXPECT_FALSE(reader->Next(piece));
+    EXPECT_FALSE(reader.Next(piece));
+    EXPECT_FALSE(reader.Next(piece));
 }
 
 TEST(DocumentReader, HandsOutWhatHasArrivedBeforeTheEnd) {
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
-    const auto reader = std::make_unique<DocumentReader>();
-    reader->Open(ends[0], DocumentReader::kPlain);
+    DocumentReader reader(ends[0], DocumentReader::kPlain);
     DocumentPiece piece;
     for (const std::string text : {"a line\n", "ep\n", "another\n"}) {
         ASSERT_EQ(write(ends[1], text.data(), text.size()), static_cast<ssize_t>(text.size()));
-        ASSERT_TRUE(reader->Next(piece));  // would wait for ever if it wanted a full block
+        ASSERT_TRUE(reader.Next(piece));  // would wait for ever if it wanted a full block
         EXPECT_EQ(piece.text, text);
     }
     close(ends[1]);
-    EXPECT_FALSE(reader->Next(piece));
+    EXPECT_FALSE(reader.Next(piece));
     close(ends[0]);
 }
 
 TEST(DocumentReader, TakesAnUnreadableFileForAnEmptyDocument) {
-    const auto reader = std::make_unique<DocumentReader>();
     DocumentPiece piece;
     const int folder = open("/", O_RDONLY);
-    reader->Open(folder, DocumentReader::kPlain);
-    EXPECT_FALSE(reader->Next(piece));
+    EXPECT_FALSE(DocumentReader(folder, DocumentReader::kPlain).Next(piece));
     close(folder);
-    reader->Open(-1, DocumentReader::kPlain);
-    EXPECT_FALSE(reader->Next(piece));
+    EXPECT_FALSE(DocumentReader(-1, DocumentReader::kPlain).Next(piece));
 }
 
 }  // namespace

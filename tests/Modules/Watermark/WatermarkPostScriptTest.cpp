@@ -6,8 +6,8 @@
 #include <string>
 
 #include "CommonSource/FilterFrame/Source/BoundedText.h"
-#include "CommonSource/FilterFrame/Source/PostScriptLines.h"
 #include "Modules/Watermark/WatermarkTicket.h"
+#include "Tables/SpecialLines.h"
 #include "support/CaptureOutput.h"
 
 namespace {
