@@ -7,8 +7,8 @@
 
 #include "CommonSource/FilterFrame/Source/CommandTable.h"
 
-constexpr std::int32_t FeaturesFmtTableNum = 20;
-extern const PrtFmtEntry FeaturesFmtTable[];
+extern const PrtFmtEntry FeaturesFmtTable[];  // FeaturesRows.def
+extern const std::int32_t FeaturesFmtTableNum;
 
 // Binds the rows to their values and conditions; once, before the table is written.
 void FeaturesInializeDescriptionTableFromFilter();

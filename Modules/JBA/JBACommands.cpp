@@ -1,142 +1,116 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Modules/JBA/JBACommands.h"
 
-#include <algorithm>
 #include <iterator>
 
-#include "Modules/JBA/JBARows.h"
+#include "CommonSource/FilterFrame/Source/JobBuffers.h"
+#include "Modules/JBA/JBATicket.h"
 
 namespace {
+
+constexpr JBAOptions &ticket = kpjlOptionJBA;
 
 // clang-format off
-// CNAM: the sending computer's name.
-constexpr char prtfmtStrHostName[] = "@PJL SET JOBATTR=%c@CNAM=%s%c%c";
-constexpr CommandValue cmdParaHostName[] = {
-    kQuote, KV_VALUE(HostNameStr), kQuote, kLF,
-};
-constexpr ComparationItem comparationItemHostName[] = {
-    KV_GIVEN(HostNameStr),
-};
-SymParaTable symParaHostName;
-ComparationTable comparationHostName;
+// mngTypeListBox: whose settings count
+constexpr std::int32_t JBAModeListAdmin = 1;
+constexpr std::int32_t JBAModeListUser  = 2;
 
-// CNAM: the sending computer has no name.
-constexpr char prtfmtStrUnknownHostName[] = "@PJL SET JOBATTR=%c@CNAM=UnknownHost%c\n";
-constexpr CommandValue cmdParaUnknownHostName[] = {
-    kQuote, kQuote,
-};
-constexpr ComparationItem comparationItemUnknownHostName[] = {
-    KV_EMPTY(HostNameStr),
-};
-SymParaTable symParaUnknownHostName;
-ComparationTable comparationUnknownHostName;
+// jobInfoRadioBtn, jobInputRadioBtn, inputAuthRadioBtn, inputStrgRadioBtn
+constexpr std::int32_t OptionUserInputTypeSelected      = 1;
+constexpr std::int32_t OptionUserInputTypeSelectedAdmin = 1;
 
-// LUNA: the user's name.
-constexpr char prtfmtStrUserName[] = "@PJL SET JOBATTR=%c@LUNA=%s%c%c";
-constexpr CommandValue cmdParaUserName[] = {
-    kQuote, KV_VALUE(StdUserName), kQuote, kLF,
-};
-constexpr ComparationItem comparationItemUserName[] = {
-    KV_GIVEN(StdUserName),
-};
-SymParaTable symParaUserName;
-ComparationTable comparationUserName;
+// userIDListCtrl: where the user's name comes from
+constexpr std::int32_t OptionComInUserTypeUseLogin       = 1;
+constexpr std::int32_t OptionComInUserTypeUseLoginAdmin  = 1;
+constexpr std::int32_t OptionComInUserTypeEnterName      = 2;
+constexpr std::int32_t OptionComInUserTypeEnterNameAdmin = 2;
 
-// LUNA: the user has no name.
-constexpr char prtfmtStrUnknownUserName[] = "@PJL SET JOBATTR=%c@LUNA=UnknownUser%c\n";
-constexpr CommandValue cmdParaUnknownUserName[] = {
-    kQuote, kQuote,
-};
-constexpr ComparationItem comparationItemUnknownUserName[] = {
-    KV_EMPTY(StdUserName),
-};
-SymParaTable symParaUnknownUserName;
-ComparationTable comparationUnknownUserName;
+// infoList: what the printer's accounting information list is for
+constexpr std::int32_t JBAInfoListNotExist        = 0;
+constexpr std::int32_t JBAInfoListUserAccntSelect = 1;
+constexpr std::int32_t JBAInfoListBillingSelect   = 2;
+constexpr std::int32_t JBAInfoListAllSelect       = 3;
 
-// HOAD: the sending computer's address, if the dialog gave one. Which one it gave does not matter.
-constexpr char prtfmtStrIPAddress[] = "@PJL SET JOBATTR=%c@HOAD=%s%c%c";
-constexpr CommandValue cmdParaIPAddress[] = {
-    kQuote, KV_VALUE(IPAddressStr), kQuote, kLF,
-};
-constexpr ComparationItem comparationItemIPAddress[] = {
-    KV_GIVEN(ticket.ipAddress),
-};
-SymParaTable symParaIPAddress;
-ComparationTable comparationIPAddress;
-
-// NLPP: the pages on a sheet. This command has no conditions, so that every job carries it.
-constexpr char prtfmtStrNumberUp[] = "@PJL SET JOBATTR=%c@NLPP=%s%c%c";
-constexpr CommandValue cmdParaNumberUp[] = {
-    kQuote, KV_VALUE(StdNUpInfo), kQuote, kLF,
-};
-SymParaTable symParaNumberUp;
-ComparationTable comparationNumberUp;  // stays empty
-
-constexpr PrtFmtEntry kClientTable[] = {
-    KV_ROW(HostName),
-    KV_ROW(UnknownHostName),
-    KV_ROW(UserName),
-    KV_ROW(UnknownUserName),
-    KV_ROW(IPAddress),
-    KV_ROW(NumberUp),
-};
+// infoSetLbox: the list's entry that withholds the user
+constexpr std::int32_t Case_8 = 8;
 // clang-format on
 
-// What names the client, and then what its user has set.
-constexpr std::array<PrtFmtEntry, JBAFmtTableCommonNum> CommonTable() {
-    constexpr auto &userTable = JBARows<kUserSide>::table;
-    static_assert(std::size(kClientTable) + std::size(userTable) == JBAFmtTableCommonNum);
-    std::array<PrtFmtEntry, JBAFmtTableCommonNum> table{};
-    std::copy(userTable.begin(), userTable.end(),
-              std::copy(std::begin(kClientTable), std::end(kClientTable), table.begin()));
-    return table;
-}
+namespace user {
 
-}  // namespace
+#define KV_SIDE(name) name
+#define KV_SIDE_MODE JBAModeListUser
 
-constexpr std::array<PrtFmtEntry, JBAFmtTableAdminNum> JBAFmtTableAdmin =
-    JBARows<kAdminSide>::table;
-constexpr std::array<PrtFmtEntry, JBAFmtTableCommonNum> JBAFmtTableCommon = CommonTable();
-
-namespace {
+#define KV_COMMAND KV_COMMAND_ARRAYS
+#include "Modules/JBA/JBAClientRows.def"
+#define KV_COMMAND KV_COMMAND_ARRAYS
+#include "Modules/JBA/JBARows.def"
 
 void JBAInitializeCmdParaTableForUser() {
-    KV_BIND_VALUES(HostName);
-    KV_BIND_VALUES(UnknownHostName);
-    KV_BIND_VALUES(UserName);
-    KV_BIND_VALUES(UnknownUserName);
-    KV_BIND_VALUES(IPAddress);
-    KV_BIND_VALUES(NumberUp);
-    JBARows<kUserSide>::BindValues();
-}
-
-void JBAInitializeCmdParaTableForAdmin() {
-    JBARows<kAdminSide>::BindValues();
+#define KV_COMMAND KV_COMMAND_BIND_VALUES
+#include "Modules/JBA/JBAClientRows.def"
+#define KV_COMMAND KV_COMMAND_BIND_VALUES
+#include "Modules/JBA/JBARows.def"
 }
 
 void JBAInitializeCaparationTableForUser() {
-    KV_BIND_CONDITIONS(HostName);
-    KV_BIND_CONDITIONS(UnknownHostName);
-    KV_BIND_CONDITIONS(UserName);
-    KV_BIND_CONDITIONS(UnknownUserName);
-    KV_BIND_CONDITIONS(IPAddress);
-    JBARows<kUserSide>::BindConditions();
+#define KV_COMMAND KV_COMMAND_BIND_CONDITIONS
+#include "Modules/JBA/JBAClientRows.def"
+#define KV_COMMAND KV_COMMAND_BIND_CONDITIONS
+#include "Modules/JBA/JBARows.def"
+}
+
+#undef KV_SIDE_MODE
+#undef KV_SIDE
+
+}  // namespace user
+
+namespace admin {
+
+#define KV_SIDE(name) name##Admin
+#define KV_SIDE_MODE JBAModeListAdmin
+
+#define KV_COMMAND KV_COMMAND_ARRAYS
+#include "Modules/JBA/JBARows.def"
+
+void JBAInitializeCmdParaTableForAdmin() {
+#define KV_COMMAND KV_COMMAND_BIND_VALUES
+#include "Modules/JBA/JBARows.def"
 }
 
 void JBAInitializeCaparationTableForAdmin() {
-    JBARows<kAdminSide>::BindConditions();
+#define KV_COMMAND KV_COMMAND_BIND_CONDITIONS
+#include "Modules/JBA/JBARows.def"
 }
+
+#undef KV_SIDE_MODE
+#undef KV_SIDE
+
+}  // namespace admin
 
 }  // namespace
 
+constexpr PrtFmtEntry JBAFmtTableAdmin[] = {
+#define KV_COMMAND(command, meaning, ...) KV_COMMAND_ROW_IN(admin::, command, meaning)
+#include "Modules/JBA/JBARows.def"
+};
+const std::int32_t JBAFmtTableAdminNum = std::size(JBAFmtTableAdmin);
+
+constexpr PrtFmtEntry JBAFmtTableCommon[] = {
+#define KV_COMMAND(command, meaning, ...) KV_COMMAND_ROW_IN(user::, command, meaning)
+#include "Modules/JBA/JBAClientRows.def"
+#define KV_COMMAND(command, meaning, ...) KV_COMMAND_ROW_IN(user::, command, meaning)
+#include "Modules/JBA/JBARows.def"
+};
+const std::int32_t JBAFmtTableCommonNum = std::size(JBAFmtTableCommon);
+
 void JBAInializeDescriptionTableFromFilter() {
-    JBAInitializeCmdParaTableForUser();
-    JBAInitializeCmdParaTableForAdmin();
-    JBAInitializeCaparationTableForUser();
-    JBAInitializeCaparationTableForAdmin();
+    user::JBAInitializeCmdParaTableForUser();
+    admin::JBAInitializeCmdParaTableForAdmin();
+    user::JBAInitializeCaparationTableForUser();
+    admin::JBAInitializeCaparationTableForAdmin();
 }
 
 void JBAOutputKPJLCommandFromFilter(char *const argv[]) {
-    OutputKPJLCommandFromArray(argv, JBAFmtTableAdmin.data(), JBAFmtTableAdminNum);
-    OutputKPJLCommandFromArray(argv, JBAFmtTableCommon.data(), JBAFmtTableCommonNum);
+    OutputKPJLCommandFromArray(argv, JBAFmtTableAdmin, JBAFmtTableAdminNum);
+    OutputKPJLCommandFromArray(argv, JBAFmtTableCommon, JBAFmtTableCommonNum);
 }

@@ -2,18 +2,16 @@
 //
 // The accounting commands of the job header: who sends the job from where, and to whom, to which
 // account and to which store it goes. An administrator's settings come first, then what every job
-// tells and the user's own settings. The rows of the settings stand in JBARows.h.
+// tells and the user's own settings. The rows of the settings stand in JBARows.def.
 #pragma once
-
-#include <array>
 
 #include "CommonSource/FilterFrame/Source/CommandTable.h"
 
-constexpr std::int32_t JBAFmtTableAdminNum = 34;
-extern const std::array<PrtFmtEntry, JBAFmtTableAdminNum> JBAFmtTableAdmin;
+extern const PrtFmtEntry JBAFmtTableAdmin[];  // JBARows.def
+extern const std::int32_t JBAFmtTableAdminNum;
 
-constexpr std::int32_t JBAFmtTableCommonNum = 40;
-extern const std::array<PrtFmtEntry, JBAFmtTableCommonNum> JBAFmtTableCommon;
+extern const PrtFmtEntry JBAFmtTableCommon[];  // JBAClientRows.def, then JBARows.def
+extern const std::int32_t JBAFmtTableCommonNum;
 
 // Binds the rows to their values and conditions; once, before the tables are written.
 void JBAInializeDescriptionTableFromFilter();

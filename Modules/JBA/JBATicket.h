@@ -10,41 +10,39 @@
 
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
 
-// What an administrator and a user can both set.
-struct JBASettings {
-    std::int32_t jobInfoRadioBtn;
-    std::int32_t userIDListCtrl;
-    char userID[97];
-    char userIDPassword[255];
-    char domainName[65];
-    char accountID[33];
-    char storageID[73];
-    char storagePassword[17];
-    std::int32_t jobInputRadioBtn;
-};
-
-// What is asked for when the job is sent.
-struct JBAInput {
-    std::int32_t authRadioBtn;
-    std::int32_t strgRadioBtn;
-    char userID[97];
-    char userIDPassword[255];
-    char domainName[65];
-    char accountID[33];
-    char storageID[73];
-    char storagePassword[17];
-};
-
 struct JBAOptions {
     char hostName[33];   // read and not sent: the filter finds the host itself
     char ipAddress[46];  // likewise, but without it no address is sent
     std::int32_t infoList;
     std::int32_t infoSetLbox;
     std::int32_t mngTypeListBox;
+    std::int32_t jobInfoRadioBtn;
+    std::int32_t userIDListCtrl;
     std::int32_t userIDAbsent;  // 1 without a user's ID; no command asks for it
-    JBASettings user;
-    JBASettings admin;
-    JBAInput input;
+    char userID[97];
+    char userIDPassword[255];
+    char domainName[65];
+    char inputDomainName[65];
+    char accountID[33];
+    char storageID[73];
+    char storagePassword[17];
+    std::int32_t jobInputRadioBtn;
+    std::int32_t inputAuthRadioBtn;
+    std::int32_t inputStrgRadioBtn;
+    char inputStorageID[73];
+    char inputStoragePassword[17];
+    char inputUserID[97];
+    char inputUserIDPassword[255];
+    char inputAccountID[33];
+    std::int32_t jobInfoRadioBtnAdmin;
+    std::int32_t userIDListCtrlAdmin;
+    char userIDAdmin[97];
+    char domainNameAdmin[65];
+    char userIDPasswordAdmin[255];
+    char accountIDAdmin[33];
+    char storageIDAdmin[73];
+    char storagePasswordAdmin[17];
+    std::int32_t jobInputRadioBtnAdmin;
 };
 extern JBAOptions kpjlOptionJBA;
 

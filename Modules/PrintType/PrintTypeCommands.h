@@ -7,8 +7,8 @@
 
 #include "CommonSource/FilterFrame/Source/CommandTable.h"
 
-constexpr std::int32_t PrintTypeFmtTableNum = 12;
-extern const PrtFmtEntry PrintTypeFmtTable[];
+extern const PrtFmtEntry PrintTypeFmtTable[];  // PrintTypeRows.def
+extern const std::int32_t PrintTypeFmtTableNum;
 
 // Binds the rows to their values and conditions; once, before the table is written.
 void PrintTypeInializeDescriptionTableFromFilter();

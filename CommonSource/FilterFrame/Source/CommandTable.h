@@ -3,12 +3,30 @@
 // The command table engine. A table's row holds a format string, the values that fill its control
 // symbols and the conditions under which it is written; the engine knows nothing of PJL.
 //
+// A table is a row file, Modules/<Module>/<Module>Rows.def. Nothing about a command stands
+// elsewhere; an entry is the command's name, what it tells the printer, its format, the value of
+// each control symbol and the conditions, all of which must hold:
+//
+//     KV_COMMAND(SecurePrintPassword, "the password that releases the job",
+//                "@PJL SET HOLDENCRYPTKEY=%c%s%c%c%c",
+//                KV_VALUES(kQuote, KV_VALUE(ticket.password), kQuote, kCR, kLF),
+//                KV_IS(ticket.printType, OptionSecurePrint), KV_GIVEN(ticket.password))
+//
+// The module includes its file once for each thing that is made of it, with KV_COMMAND defined as
+// one of these; the file's last line undefines it:
+//     KV_COMMAND_ARRAYS           prtfmtStr<Command>, cmdPara<Command>, symPara<Command>,
+//                                 comparationItem<Command> and comparation<Command>
+//     KV_COMMAND_ROW              the row of the table
+//     KV_COMMAND_BIND_VALUES      binds symPara<Command> to cmdPara<Command>
+//     KV_COMMAND_BIND_CONDITIONS  binds comparation<Command> to comparationItem<Command>
+//
 // All records are static storage. Values and conditions point at ticket fields, so the parameter
 // and condition sets start empty and are bound to their lists by InializeDescriptionTable, once,
 // before any table is written. Every value carries the name of its variable, so that a tool can
 // tell a person which condition kept a command out.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
@@ -23,7 +41,8 @@ struct CommandValue {
     const void *pointer;
     const char *name;
 };
-#define KV_VALUE(variable) NamedValue(variable, #variable)
+#define KV_VALUE(variable) KV_VALUE_NAMED(variable)  // after what `variable` expands to
+#define KV_VALUE_NAMED(variable) NamedValue(variable, #variable)
 
 template <class Variable>
 constexpr CommandValue NamedValue(const Variable &variable, const char *name) {
@@ -84,51 +103,62 @@ struct PrtFmtEntry {
     const char *prtfmtStr;
     const SymParaTable *symPara;
     const ComparationTable *comparationPara;
-    const char *name;  // the <Command> of the row's arrays
+    const char *name;          // the <Command> of the row's arrays
+    const char *meaning = "";  // what the line tells the printer, in words
 };
-
-// The row of a command whose arrays are named by the convention: with values, and with conditions
-// only. A row whose values are not as many as its format's control symbols does not compile.
-#define KV_ROW(command)                                                                      \
-    CommandRow(prtfmtStr##command, symPara##command, cmdPara##command, comparation##command, \
-               #command)
-#define KV_ROW_WITHOUT_VALUES(command) \
-    CommandRow(prtfmtStr##command, comparation##command, #command)
-
-void FormatDisagreesWithValues();  // defined nowhere, and named in the compiler's message
-
-template <std::size_t count>
-consteval PrtFmtEntry CommandRow(const char *format, const SymParaTable &values,
-                                 const CommandValue (&)[count], const ComparationTable &conditions,
-                                 const char *name) {
-    if (CountCtrlSyms(format) != count) FormatDisagreesWithValues();
-    return {format, &values, &conditions, name};
-}
-consteval PrtFmtEntry CommandRow(const char *format, const ComparationTable &conditions,
-                                 const char *name) {
-    if (CountCtrlSyms(format) != 0) FormatDisagreesWithValues();
-    return {format, nullptr, &conditions, name};
-}
 
 // Bind a set to its list.
 void InitializeCmdParaTable(SymParaTable *set, std::uint32_t num, const CommandValue *list);
 void InitializeComparationTable(ComparationTable *set, std::uint32_t num,
                                 const ComparationItem *items);
 
-// The same for a list whose length the compiler knows.
-template <std::uint32_t num>
-void InitializeCmdParaTable(SymParaTable &set, const CommandValue (&list)[num]) {
-    InitializeCmdParaTable(&set, num, list);
-}
-template <std::uint32_t num>
-void InitializeComparationTable(ComparationTable &set, const ComparationItem (&items)[num]) {
-    InitializeComparationTable(&set, num, items);
+// What a row file is expanded with; the conditions are the arguments after the values.
+// clang-format off
+#define KV_VALUES(...) ListOf<CommandValue>(__VA_ARGS__)
+
+#define KV_COMMAND_ARRAYS(command, meaning, format, values, ...)                    \
+    constexpr char prtfmtStr##command[] = format;                                   \
+    constexpr auto cmdPara##command = values;                                       \
+    SymParaTable symPara##command;                                                  \
+    constexpr auto comparationItem##command = ListOf<ComparationItem>(__VA_ARGS__); \
+    ComparationTable comparation##command;
+
+#define KV_COMMAND_ROW(command, meaning, ...) KV_COMMAND_ROW_IN(, command, meaning)
+// The same for arrays in a namespace; `scope` is its name and "::".
+#define KV_COMMAND_ROW_IN(scope, command, meaning)                                       \
+    CommandRow(scope prtfmtStr##command, scope symPara##command, scope cmdPara##command, \
+               scope comparation##command, #command, meaning),
+
+#define KV_COMMAND_BIND_VALUES(command, ...) \
+    InitializeCmdParaTable(&symPara##command, Count(cmdPara##command), cmdPara##command.data());
+#define KV_COMMAND_BIND_CONDITIONS(command, ...)                                           \
+    InitializeComparationTable(&comparation##command, Count(comparationItem##command), \
+                               comparationItem##command.data());
+// clang-format on
+
+template <class Item, class... Items>
+constexpr std::array<Item, sizeof...(Items)> ListOf(const Items &...items) {
+    return {items...};
 }
 
-// The same for a command whose arrays are named by the convention.
-#define KV_BIND_VALUES(command) InitializeCmdParaTable(symPara##command, cmdPara##command)
-#define KV_BIND_CONDITIONS(command) \
-    InitializeComparationTable(comparation##command, comparationItem##command)
+template <class Item, std::size_t count>
+constexpr std::uint32_t Count(const std::array<Item, count> &) {
+    return count;
+}
+
+void FormatDisagreesWithValues();  // defined nowhere, and named in the compiler's message
+
+// A format without control symbols leaves its values; any other that has not as many as there are
+// values does not compile.
+template <std::size_t count>
+consteval PrtFmtEntry CommandRow(const char *format, const SymParaTable &set,
+                                 const std::array<CommandValue, count> &,
+                                 const ComparationTable &conditions, const char *name,
+                                 const char *meaning) {
+    const std::size_t symbols = CountCtrlSyms(format);
+    if (symbols != 0 && symbols != count) FormatDisagreesWithValues();
+    return {format, symbols != 0 ? &set : nullptr, &conditions, name, meaning};
+}
 
 // 1 if every condition of the set holds, else 0; stops at the first that does not.
 int ConditionCompare(const ComparationTable *set);

@@ -38,6 +38,9 @@ TEST(CommandTable, ValuesKnowTheirNames) {
     constexpr CommandValue value = KV_VALUE(ticketNumber);
     EXPECT_EQ(value.pointer, &ticketNumber);
     EXPECT_STREQ(value.name, "ticketNumber");
+#define NUMBER ticketNumber
+    EXPECT_STREQ(KV_VALUE(NUMBER).name, "ticketNumber");
+#undef NUMBER
     constexpr CommandValue again = KV_VALUE(value);
     EXPECT_EQ(again.pointer, &ticketNumber);
     EXPECT_STREQ(again.name, "ticketNumber");
@@ -68,43 +71,61 @@ TEST(CommandTable, ConditionsKnowWhatTheyAsk) {
     }
 }
 
-constexpr char prtfmtStrWord[] = "<%s>";
-constexpr CommandValue cmdParaWord[] = {KV_VALUE(kWord)};
-constexpr ComparationItem comparationItemWord[] = {KV_IS(ticketNumber, kNumber),
-                                                   KV_GIVEN(ticketText)};
-SymParaTable symParaWord;
-ComparationTable comparationWord;
-constexpr PrtFmtEntry kWordRow = KV_ROW(Word);
-constexpr char prtfmtStrFixed[] = "fixed";
-constexpr ComparationItem comparationItemFixed[] = {KV_EMPTY(ticketText)};
-ComparationTable comparationFixed;
-constexpr PrtFmtEntry kFixedRow = KV_ROW_WITHOUT_VALUES(Fixed);
+#define KV_COMMAND KV_COMMAND_ARRAYS
+#include "CommandTableTestRows.def"
+
+constexpr PrtFmtEntry kRows[] = {
+#define KV_COMMAND KV_COMMAND_ROW
+#include "CommandTableTestRows.def"
+};
+static_assert(std::size(kRows) == 3);
+constexpr const PrtFmtEntry &kWordRow = kRows[0];
+constexpr const PrtFmtEntry &kFixedRow = kRows[1];
+constexpr const PrtFmtEntry &kEveryRow = kRows[2];
+
+void BindRows(){
+#define KV_COMMAND KV_COMMAND_BIND_VALUES
+#include "CommandTableTestRows.def"
+#define KV_COMMAND KV_COMMAND_BIND_CONDITIONS
+#include "CommandTableTestRows.def"
+}
 
 TEST(CommandTable, ARowTakesTheArraysOfItsCommand) {
     EXPECT_STREQ(kWordRow.name, "Word");
+    EXPECT_STREQ(kWordRow.meaning, "a word");
+    EXPECT_STREQ(kWordRow.prtfmtStr, "<%s>");
     EXPECT_EQ(kWordRow.prtfmtStr, prtfmtStrWord);
     EXPECT_EQ(kWordRow.symPara, &symParaWord);
     EXPECT_EQ(kWordRow.comparationPara, &comparationWord);
     EXPECT_STREQ(kFixedRow.name, "Fixed");
     EXPECT_EQ(kFixedRow.symPara, nullptr);
     EXPECT_EQ(kFixedRow.comparationPara, &comparationFixed);
+    EXPECT_EQ(cmdParaFixed.size(), 2u);
+    EXPECT_STREQ(kEveryRow.name, "Every");
+    EXPECT_EQ(kEveryRow.symPara, nullptr);
+    EXPECT_EQ(kEveryRow.comparationPara, &comparationEvery);
 }
 
 TEST(CommandTable, SetsAreBoundToTheirLists) {
     symParaWord = {};
     comparationWord = {};
-    KV_BIND_VALUES(Word);
-    KV_BIND_CONDITIONS(Word);
+    BindRows();
     EXPECT_EQ(symParaWord.num, 1u);
-    EXPECT_EQ(symParaWord.cmdParaList, cmdParaWord);
+    EXPECT_EQ(symParaWord.cmdParaList, cmdParaWord.data());
+    EXPECT_STREQ(symParaWord.cmdParaList[0].name, "kWord");
     EXPECT_EQ(comparationWord.num, 2u);
-    EXPECT_EQ(comparationWord.items, comparationItemWord);
+    EXPECT_EQ(comparationWord.items, comparationItemWord.data());
+    EXPECT_EQ(comparationWord.items[1].compareFunc, StrNoNULLCampareFunc);
+    EXPECT_EQ(symParaFixed.num, 2u);
+    EXPECT_EQ(comparationFixed.num, 1u);
+    EXPECT_EQ(symParaEvery.num, 0u);
+    EXPECT_EQ(comparationEvery.num, 0u);
     InitializeCmdParaTable(&symParaWord, 0, nullptr);
-    InitializeComparationTable(&comparationWord, 1, comparationItemFixed);
+    InitializeComparationTable(&comparationWord, 1, comparationItemFixed.data());
     EXPECT_EQ(symParaWord.num, 0u);
     EXPECT_EQ(symParaWord.cmdParaList, nullptr);
     EXPECT_EQ(comparationWord.num, 1u);
-    EXPECT_EQ(comparationWord.items, comparationItemFixed);
+    EXPECT_EQ(comparationWord.items, comparationItemFixed.data());
 }
 
 // The set of the trailer offers more than its format takes; no other table does.
@@ -339,17 +360,15 @@ TEST(CommandTable, WritesRowsWithoutConditionsInOrder) {
 }
 
 TEST(CommandTable, WritesTheRowsWhoseConditionsHold) {
-    KV_BIND_VALUES(Word);
-    KV_BIND_CONDITIONS(Word);
-    KV_BIND_CONDITIONS(Fixed);
-    const std::vector<PrtFmtEntry> table = {kWordRow, kFixedRow, kWordRow};
+    BindRows();
+    const std::vector<PrtFmtEntry> table = {kWordRow, kFixedRow, kEveryRow, kWordRow};
     ticketNumber = 5;
     ticketText[0] = '\0';
-    EXPECT_EQ(Write(table), "fixed");
+    EXPECT_EQ(Write(table), "fixedevery");
     ticketText[0] = 'x';
-    EXPECT_EQ(Write(table), "<word><word>");
+    EXPECT_EQ(Write(table), "<word>every<word>");
     ticketNumber = 4;
-    EXPECT_EQ(Write(table), "");
+    EXPECT_EQ(Write(table), "every");
 }
 
 TEST(CommandTable, OnlyTheAnswer1WritesARow) {

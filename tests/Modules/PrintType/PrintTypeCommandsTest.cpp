@@ -29,8 +29,7 @@ INSTANTIATE_TEST_SUITE_P(, PrintTypeRow, testing::ValuesIn(PrintTypeRules()),
 
 TEST(PrintTypeCommands, RowsStandAsTheRulesDo) {
     InializeDescriptionTable();
-    EXPECT_EQ(PrintTypeFmtTableNum, 12);
-    ExpectRows({PrintTypeFmtTable, 12}, PrintTypeRules());
+    ExpectRows({PrintTypeFmtTable, std::size_t(PrintTypeFmtTableNum)}, PrintTypeRules());
 }
 
 // What the module writes in front of the lines that every job has.
