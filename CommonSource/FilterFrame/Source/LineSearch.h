@@ -22,6 +22,11 @@ struct LineSearch {
     // The same, or the last byte of "%%B", "SCR" or "CPR": the line there may hold PPD feature code
     // or printer settings.
     Search findSpecialOrSettingsLine;
+    // For documents of any maker: what the two above find and, besides, the last byte of a line end
+    // with "%%" after it, where a structuring comment begins, or of ESC and "%", where the sequence
+    // that ends a printer language may begin.
+    Search findCommentLine;
+    Search findCommentOrSettingsLine;
 };
 
 // The searches of the widest vectors that this machine has.

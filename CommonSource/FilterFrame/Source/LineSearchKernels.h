@@ -48,6 +48,23 @@ V SpecialOrSettings(const char *at) {
            (V::Equal(last, 'B') & V::Equal(middle, '%') & V::Equal(first, '%'));
 }
 
+template <class V>
+V Comments(const char *at) {
+    const V middle = V::Load(at - 1);
+    return V::Equal(V::Load(at), '%') &
+           ((V::Equal(middle, '%') & LineEnds<V>(at - 2)) | V::Equal(middle, '\x1b'));
+}
+
+template <class V>
+V SpecialOrComment(const char *at) {
+    return SpecialLineEnds<V>(at) | Comments<V>(at);
+}
+
+template <class V>
+V SettingsOrComment(const char *at) {
+    return SpecialOrSettings<V>(at) | Comments<V>(at);
+}
+
 // A vector of one byte: the fallback, and the rest of a block that fills no vector.
 struct OneByte {
     static constexpr std::size_t kWidth = 1;
@@ -85,9 +102,12 @@ const char *Find(const char *from, const char *end) {
 
 template <class V>
 constexpr LineSearch MakeLineSearch(const char *name) {
-    return {name, Find<V, LineEnds<V>, LineEnds<OneByte>>,
+    return {name,
+            Find<V, LineEnds<V>, LineEnds<OneByte>>,
             Find<V, SpecialLineEnds<V>, SpecialLineEnds<OneByte>>,
-            Find<V, SpecialOrSettings<V>, SpecialOrSettings<OneByte>>};
+            Find<V, SpecialOrSettings<V>, SpecialOrSettings<OneByte>>,
+            Find<V, SpecialOrComment<V>, SpecialOrComment<OneByte>>,
+            Find<V, SettingsOrComment<V>, SettingsOrComment<OneByte>>};
 }
 
 }  // namespace
