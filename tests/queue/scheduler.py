@@ -191,9 +191,11 @@ class PrintQueue:
 
 
 class Scheduler:
-    """cupsd with everything of its own; `binary` is what its queues run as the filter kvfilter."""
+    """cupsd with everything of its own; `binary` is what its queues run as the filter kvfilter, and
+    `data` a folder whose files lie over those of the system's data folder, PPD sources say."""
 
-    def __init__(self, binary=None):
+    def __init__(self, binary=None, data=None):
+        self._data = data
         self._binary = pathlib.Path(binary or os.environ["KVFILTER_BINARY"])
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="kvfilter-cups-", dir=shared_folder()))
         self.temp_folder = self.folder / "spool" / "tmp"  # the TMPDIR of the filters
@@ -221,11 +223,13 @@ class Scheduler:
             entry.printer.close()
         shutil.rmtree(self.folder, ignore_errors=True)
 
-    def add_queue(self, name, ppd_path):
-        """A queue that prints with the PPD at `ppd_path`."""
+    def add_queue(self, name, ppd_path=None, model=None):
+        """A queue that prints with the PPD at `ppd_path`, or with that of a model as lpinfo -m
+        lists it."""
         entry = PrintQueue(self, name)
         self._queues.append(entry)
-        self.run(["lpadmin", "-p", name, "-P", str(ppd_path), "-v", entry.printer.uri, "-E"])
+        driver = ["-m", model] if model else ["-P", str(ppd_path)]
+        self.run(["lpadmin", "-p", name, *driver, "-v", entry.printer.uri, "-E"])
         return entry
 
     def run(self, command):
@@ -265,6 +269,8 @@ class Scheduler:
         kvfilter = self.folder / "bin/filter/kvfilter"
         shutil.copyfile(self._binary, kvfilter)
         kvfilter.chmod(0o755)
+        if self._data:
+            self._lay_out_data()
         # A copy, because the profile that AppArmor holds for the system's cupsd by its path would
         # keep it out of this folder.
         cupsd = shutil.which("cupsd", path=PATH)
@@ -272,6 +278,12 @@ class Scheduler:
             raise RuntimeError("cupsd is not installed")
         self._cupsd = self.folder / "cupsd"
         shutil.copy(cupsd, self._cupsd)
+
+    def _lay_out_data(self):
+        config = ["cups-config", "--datadir"]
+        system = subprocess.check_output(config, text=True).strip()
+        shutil.copytree(system, self.folder / "data")
+        shutil.copytree(self._data, self.folder / "data", dirs_exist_ok=True)
 
     def _configure(self):
         folder = self.folder
@@ -291,6 +303,7 @@ PageLog {folder}/log/page_log
 User {user}
 Group {group}
 SystemGroup root
+{f"DataDir {folder}/data" if self._data else ""}
 """)
         (folder / "etc/cupsd.conf").write_text(f"""\
 Listen 127.0.0.1:{self._port}
