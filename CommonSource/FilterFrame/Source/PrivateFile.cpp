@@ -5,6 +5,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
@@ -13,49 +15,86 @@ namespace {
 
 constexpr char kFolder[] = "/private/tmp";
 
-bool IsDirectory(const char *path) {
-    struct stat status;
-    return stat(path, &status) == 0 && S_ISDIR(status.st_mode);
-}
-
-// The folder that stands for /private/tmp on this system.
-const char *Folder() {
-    if (IsDirectory(kFolder)) return kFolder;
+// The folder that stands for /private/tmp where no file can be made there.
+const char *OtherFolder() {
     const char *folder = std::getenv("TMPDIR");
     return folder && *folder ? folder : "/tmp";
 }
 
-// Builds the path; false if it does not fit.
-bool BuildPath(const char *format, const char *name, char (&path)[kPrivatePathSize]) {
+// The local time as YYYYmmddHHMMSS; zeros for a clock that no calendar knows.
+void PutTime(char (&text)[64]) {
+    const std::time_t now = std::time(nullptr);
+    const std::tm *const local = std::localtime(&now);
+    if (!local || std::strftime(text, sizeof text, "%Y%m%d%H%M%S", local) == 0) {
+        std::strcpy(text, "00000000000000");
+    }
+}
+
+// Builds the path; false, and errno, if it does not fit.
+bool BuildPath(const char *folder, const char *format, const char *name,
+               char (&path)[kPrivatePathSize]) {
     const char *fileFormat = format + std::strlen(kFolder);
     const char *mark = std::strstr(fileFormat, "%s");
     const int length =
-        std::snprintf(path, sizeof path, "%s%.*s%s%s", Folder(),
-                      static_cast<int>(mark - fileFormat), fileFormat, name, mark + 2);
-    return length >= 0 && static_cast<std::size_t>(length) < sizeof path;
+        std::snprintf(path, sizeof path, "%s%.*s%s%s", folder, static_cast<int>(mark - fileFormat),
+                      fileFormat, name, mark + 2);
+    if (length >= 0 && static_cast<std::size_t>(length) < sizeof path) return true;
+    errno = ENAMETOOLONG;
+    return false;
 }
 
 int CreateExclusively(const char *path) {
-    return open(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    return open(path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+}
+
+// Both names that are tried first can be foretold, so somebody may hold them; the third cannot.
+int CreateIn(const char *folder, const char *format, char (&path)[kPrivatePathSize]) {
+    char name[64];
+    PutTime(name);
+    char *const timeEnd = name + std::strlen(name);
+    if (!BuildPath(folder, format, name, path)) return -1;
+    int file = CreateExclusively(path);
+    if (file >= 0 || errno != EEXIST) return file;
+    std::snprintf(timeEnd, sizeof name - 14, "-%ld", static_cast<long>(getpid()));
+    if (!BuildPath(folder, format, name, path)) return -1;
+    file = CreateExclusively(path);
+    if (file >= 0 || errno != EEXIST) return file;
+    std::strcpy(timeEnd, "-XXXXXX");
+    if (!BuildPath(folder, format, name, path)) return -1;
+    const char *const suffix = std::strstr(format, "%s") + 2;
+    return mkostemps(path, static_cast<int>(std::strlen(suffix)), O_CLOEXEC);
 }
 
 }  // namespace
 
 std::FILE *CreatePrivateFile(const char *format, char (&path)[kPrivatePathSize]) {
-    char name[64] = "";
-    const std::time_t now = std::time(nullptr);
-    const std::size_t timeLength =
-        std::strftime(name, sizeof name, "%Y%m%d%H%M%S", std::localtime(&now));
-    if (!BuildPath(format, name, path)) return nullptr;
-    int file = CreateExclusively(path);
-    if (file < 0) {
-        std::snprintf(name + timeLength, sizeof name - timeLength, "-%ld",
-                      static_cast<long>(getpid()));
-        if (!BuildPath(format, name, path)) return nullptr;
-        file = CreateExclusively(path);
-    }
+    int file = CreateIn(kFolder, format, path);
+    if (file < 0) file = CreateIn(OtherFolder(), format, path);
     if (file < 0) return nullptr;
-    std::FILE *stream = fdopen(file, "wb");
-    if (!stream) close(file);
+    std::FILE *const stream = fdopen(file, "w+b");
+    if (stream) return stream;
+    const int cause = errno;
+    close(file);
+    unlink(path);
+    errno = cause;
+    return nullptr;
+}
+
+std::FILE *CreateNamelessFile(const char *format) {
+    char path[kPrivatePathSize];
+    sigset_t all, before;
+    sigfillset(&all);
+    sigprocmask(SIG_SETMASK, &all, &before);  // none may end the process while there is a name
+    std::FILE *const stream = CreatePrivateFile(format, path);
+    const int cause = errno;
+    if (stream) unlink(path);
+    sigprocmask(SIG_SETMASK, &before, nullptr);
+    errno = cause;
     return stream;
+}
+
+bool IsNameOf(const char *path, std::FILE *file) {
+    struct stat named, opened;
+    return lstat(path, &named) == 0 && fstat(fileno(file), &opened) == 0 &&
+           named.st_dev == opened.st_dev && named.st_ino == opened.st_ino;
 }

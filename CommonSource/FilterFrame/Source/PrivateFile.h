@@ -11,9 +11,15 @@
 // Bytes of a path, its NUL included.
 constexpr std::size_t kPrivatePathSize = 255;
 
-// Creates and opens for writing the file that `format` names, a path under /private/tmp with one
-// "%s" for the local time as YYYYmmddHHMMSS. Where /private/tmp is no directory, the file is made
-// under $TMPDIR (CUPS sets it to a folder that the filter may write), else under /tmp. If the name
-// is taken, "-" and the process id follow the time. Stores the path and returns the open stream,
-// or returns null.
+// Creates the file that `format` names, a path under /private/tmp with one "%s" for the local time
+// as YYYYmmddHHMMSS, and opens it for writing and reading. Where it cannot be made there, it is
+// made under $TMPDIR (CUPS sets it to a folder that the filter may write), else under /tmp. If the
+// name is taken, "-" and the process id follow the time, or else "-" and what nobody can foretell.
+// Stores the path and returns the stream, or returns null and sets errno.
 std::FILE *CreatePrivateFile(const char *format, char (&path)[kPrivatePathSize]);
+
+// The same without a name: the file is gone when the process ends, whatever ends it.
+std::FILE *CreateNamelessFile(const char *format);
+
+// Whether `path` (not what it links to, if it is a link) is still the file that has been opened.
+bool IsNameOf(const char *path, std::FILE *file);
