@@ -2,8 +2,10 @@
 #include <cstdio>
 
 #include "CommonSource/FilterFrame/Source/JobRun.h"
+#include "CommonSource/FilterFrame/Source/Surroundings.h"
 
 int main(int argc, char *argv[]) {
+    SecureSurroundings();
     if (argc < 6) {
         std::fputs("Usage: kvfilter job-id user title copies options [file]\n", stderr);
         return 1;
