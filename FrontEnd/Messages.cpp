@@ -32,6 +32,14 @@ void Report(std::string_view prefix, std::string_view text) {
     std::fwrite(line, 1, static_cast<std::size_t>(end - line), stderr);
 }
 
+// "text: cause", in the caller's buffer.
+std::string_view WithCause(std::string_view text, int error, char (&buffer)[kMessageSize]) {
+    const int length = std::snprintf(buffer, sizeof buffer, "%.*s: %s",
+                                     static_cast<int>(std::min(text.size(), kMessageSize)),
+                                     text.data(), std::strerror(error));
+    return {buffer, std::min(static_cast<std::size_t>(std::max(length, 0)), sizeof buffer - 1)};
+}
+
 }  // namespace
 
 void ReportError(std::string_view text) {
@@ -39,8 +47,18 @@ void ReportError(std::string_view text) {
     Report("ERROR: ", text);
 }
 
+void ReportError(std::string_view text, int error) {
+    char buffer[kMessageSize];
+    ReportError(WithCause(text, error, buffer));
+}
+
 void ReportWarning(std::string_view text) {
     Report("WARNING: ", text);
+}
+
+void ReportWarning(std::string_view text, int error) {
+    char buffer[kMessageSize];
+    ReportWarning(WithCause(text, error, buffer));
 }
 
 void ReportInfo(std::string_view text) {

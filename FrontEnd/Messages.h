@@ -10,8 +10,14 @@
 // "ERROR: text": the job could not be printed whole. The exit status will be 1.
 void ReportError(std::string_view text);
 
+// "ERROR: text: cause", the cause in the words of the system; `error` is an errno.
+void ReportError(std::string_view text, int error);
+
 // "WARNING: text": something that the user asked for was dropped or changed.
 void ReportWarning(std::string_view text);
+
+// "WARNING: text: cause".
+void ReportWarning(std::string_view text, int error);
 
 // "INFO: text": what CUPS shows beside a job that is being printed.
 void ReportInfo(std::string_view text);

@@ -2,8 +2,10 @@
 #include "Modules/SpecialPage/SpecialPageDocument.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <new>
 #include <string_view>
 #include <vector>
 
@@ -97,8 +99,8 @@ std::int32_t TrailingNumber(const char *name) {
 
 // The numbers below `count` that some option's name ends with, in order. No other number completes
 // a key that the ticket has; so a ticket of few options with a count of 2147483647 takes no longer
-// than any.
-std::vector<std::int32_t> NumbersInTicket(const TicketOptions &options, std::int32_t count) {
+// than any. None, and writeError, where memory is short.
+std::vector<std::int32_t> NumbersInTicket(const TicketOptions &options, std::int32_t count) try {
     std::vector<std::int32_t> numbers;
     for (int i = 0; i < options.count; i++) {
         const std::int32_t number = TrailingNumber(options.list[i].name);
@@ -107,6 +109,9 @@ std::vector<std::int32_t> NumbersInTicket(const TicketOptions &options, std::int
     std::sort(numbers.begin(), numbers.end());
     numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
     return numbers;
+} catch (const std::bad_alloc &) {
+    if (writeError == 0) writeError = ENOMEM;
+    return {};
 }
 
 // Calls `put` for each of the first `count` values that the ticket has.

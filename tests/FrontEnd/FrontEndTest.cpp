@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <string>
 
@@ -44,9 +45,14 @@ TEST(Messages, AreOneLineEachAndOnlyWithPlainCUPS) {
     ReportDebug("a\nb\tc");
     ReportInfo("d");
     ReportWarning(std::string(3000, 'x'));
+    ReportWarning("f", ENOENT);
+    ReportWarning(std::string(3000, 'x'), ENOENT);
     EXPECT_FALSE(ErrorWasReported());
     ReportError("e");
     EXPECT_TRUE(ErrorWasReported());
+    ReportError("g", EIO);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "DEBUG: a b c\nINFO: d\nWARNING: " + std::string(1014, 'x') + "\nERROR: e\n");
+              "DEBUG: a b c\nINFO: d\nWARNING: " + std::string(1014, 'x') +
+                  "\nWARNING: f: No such file or directory\nWARNING: " + std::string(1014, 'x') +
+                  "\nERROR: e\nERROR: g: Input/output error\n");
 }

@@ -4,8 +4,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
 #include "CommonSource/FilterFrame/Source/PrivateFile.h"
+#include "FrontEnd/FrontEnd.h"
+#include "FrontEnd/Messages.h"
 
 namespace {
 
@@ -21,13 +25,19 @@ const char *FlagPath = "/Library/Printers/Korvell/kvjobcopy";
 
 void OpenJobCopy() {
     char path[kPrivatePathSize];
-    gJobFilefp = access(FlagPath, F_OK) == 0 ? CreatePrivateFile(JobFileNamePath, path) : nullptr;
+    gJobFilefp = nullptr;
+    if (access(FlagPath, F_OK) != 0) return;
+    gJobFilefp = CreatePrivateFile(JobFileNamePath, path);
+    if (!gJobFilefp) ReportWarning("No copy of the job can be made", errno);
 }
 
 void CloseJobCopy() {
     if (!gJobFilefp) return;
-    std::fflush(gJobFilefp);
-    fchmod(fileno(gJobFilefp), kFinishedMode);  // by its handle: the path may be another's by now
+    if (std::fflush(gJobFilefp) != 0 && jobCopyError == 0) jobCopyError = errno;
+    if (jobCopyError != 0) ReportWarning("The copy of the job is not whole", jobCopyError);
+    if (jobCopyError == 0 || !FrontEndIsCUPS()) {
+        fchmod(fileno(gJobFilefp), kFinishedMode);  // by its handle: the path may be another's
+    }
     std::fclose(gJobFilefp);
     gJobFilefp = nullptr;
 }

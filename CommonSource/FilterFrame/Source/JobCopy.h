@@ -7,8 +7,10 @@
 // The marker file, /Library/Printers/Korvell/kvjobcopy. Tests point it elsewhere.
 extern const char *FlagPath;
 
-// Opens gJobFilefp when the marker file exists. If it cannot, the job runs without a copy.
+// Opens gJobFilefp when the marker file exists. If it cannot, the job runs without a copy, and
+// plain CUPS hears of it.
 void OpenJobCopy();
 
-// Closes the copy, if there is one, and gives it its permission bits.
+// Closes the copy, if there is one, and gives it its permission bits; with plain CUPS only if the
+// copy is whole.
 void CloseJobCopy();

@@ -18,6 +18,7 @@
 #include "CommonSource/FilterFrame/Source/PostScriptPass.h"
 #include "CommonSource/FilterFrame/Source/TextEncoding.h"
 #include "CommonSource/FilterFrame/Source/UtilityFunctionFilter.h"
+#include "FrontEnd/Client.h"
 #include "FrontEnd/FrontEnd.h"
 #include "FrontEnd/Messages.h"
 
@@ -49,7 +50,11 @@ void SetNames(char *argv[]) {
 void FindClient() {
     std::memset(HostNameStr, 0, sizeof HostNameStr);
     std::memset(IPAddressStr, 0, sizeof IPAddressStr);
-    GetClientIPAddress(HostNameStr, IPAddressStr);
+    if (FrontEndIsCUPS()) {
+        FindClientForCUPS(HostNameStr, IPAddressStr);
+    } else {
+        GetClientIPAddress(HostNameStr, IPAddressStr);
+    }
 }
 
 }  // namespace

@@ -1,15 +1,23 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
 
+#include <cerrno>
 #include <cstring>
 
 #include "CommonSource/FilterFrame/Source/SystemVersion.h"
 
 std::FILE *gJobFilefp;
+int writeError;
+int jobCopyError;
 
 namespace {
 
 constexpr std::int32_t kFirstVersionWithPageLog = 0x1070;
+
+// Remembers why the first write failed.
+void Note(bool succeeded, int &error) {
+    if (!succeeded && error == 0) error = errno;
+}
 
 // Writes `text` with each "%%" as one per-cent sign; returns the bytes written or -1.
 int PutFormattedText(const char *text, std::FILE *stream) {
@@ -28,23 +36,37 @@ int PutFormattedText(const char *text, std::FILE *stream) {
 }  // namespace
 
 std::size_t KVfwrite(const void *buffer, std::size_t size, std::size_t count, std::FILE *stream) {
-    if (gJobFilefp) std::fwrite(buffer, size, count, gJobFilefp);
-    return std::fwrite(buffer, size, count, stream);
+    if (gJobFilefp) Note(std::fwrite(buffer, size, count, gJobFilefp) == count, jobCopyError);
+    const std::size_t written = std::fwrite(buffer, size, count, stream);
+    Note(written == count, writeError);
+    return written;
 }
 
 int KVfputs(const char *text, std::FILE *stream) {
-    if (gJobFilefp) std::fputs(text, gJobFilefp);
-    return std::fputs(text, stream);
+    if (gJobFilefp) Note(std::fputs(text, gJobFilefp) >= 0, jobCopyError);
+    const int result = std::fputs(text, stream);
+    Note(result >= 0, writeError);
+    return result;
 }
 
 int KVfputc(int character, std::FILE *stream) {
-    if (gJobFilefp) std::fputc(character, gJobFilefp);
-    return std::fputc(character, stream);
+    if (gJobFilefp) Note(std::fputc(character, gJobFilefp) >= 0, jobCopyError);
+    const int result = std::fputc(character, stream);
+    Note(result >= 0, writeError);
+    return result;
 }
 
 int KVfprintf(std::FILE *stream, const char *text) {
-    if (gJobFilefp) PutFormattedText(text, gJobFilefp);
-    return PutFormattedText(text, stream);
+    if (gJobFilefp) Note(PutFormattedText(text, gJobFilefp) >= 0, jobCopyError);
+    const int result = PutFormattedText(text, stream);
+    Note(result >= 0, writeError);
+    return result;
+}
+
+int KVfflush(std::FILE *stream) {
+    const int result = std::fflush(stream);
+    Note(result == 0, writeError);
+    return result;
 }
 
 void OutputPageLogCommand(int pageNumber, char *const argv[]) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // Every byte of the job leaves through these wrappers: first into the job copy, when one is open,
-// then to its stream. Failed writes are not reported: a filter whose printer has gone drains its
-// input and ends. Each wrapper returns what the standard call on `stream` returns.
+// then to its stream. Each wrapper returns what the standard call on `stream` returns. Nothing is
+// reported here: who can tell people looks at writeError.
 #pragma once
 
 #include <cstddef>
@@ -10,6 +10,11 @@
 
 // The job copy, or null. The job run opens and closes it.
 extern std::FILE *gJobFilefp;
+
+// The errno of the first write to a stream that failed, and of the first to the job copy; else 0.
+// Also set by who cannot put together, for want of memory, what was to be written.
+extern int writeError;
+extern int jobCopyError;
 
 std::size_t KVfwrite(const void *buffer, std::size_t size, std::size_t count, std::FILE *stream);
 int KVfputs(const char *text, std::FILE *stream);
@@ -20,6 +25,9 @@ int KVfputc(int character, std::FILE *stream);
 // user typed. The stream comes first here, unlike above. Returns the number of bytes written to
 // `stream`, or a negative number.
 int KVfprintf(std::FILE *stream, const char *text);
+
+// Sends what `stream` has buffered. The job copy is left alone.
+int KVfflush(std::FILE *stream);
 
 // Tells the scheduler, on standard error, that a page is out: "PAGE:number copies". `argv` are the
 // filter's arguments; argv[4] holds the copies. Silent below version word 0x1070, where the

@@ -20,6 +20,7 @@
 char *outString;
 std::int32_t outStringLen;
 std::int32_t result;
+CFStreamError resolutionError;
 
 namespace {
 
@@ -27,8 +28,6 @@ constexpr char _IPv4_sign_ = '.';
 constexpr char _IPv6_sign_ = ':';
 constexpr char _IPv4_LocalHost_sign_[] = "127.0.0.1";
 constexpr char _IPv6_LocalHost_sign_[] = "fe80::1";  // anywhere in the text, so fe80::1234 as well
-
-constexpr std::size_t kHostNameSize = 97;  // what accounting reports of the name, and a NUL
 
 [[noreturn]] void AssertionFailed(const char *expression, const char *function, int line) {
     std::fprintf(stderr,
@@ -111,13 +110,14 @@ void ConvertIPv4Address(const char *text, char *address) {
     }
 }
 
-void ConvertIPv6Address(const char *text, char *address) {
+void ConvertIPv6Address(const char *text, char *address) try {
+    std::memset(address, 0, kAddressSize);
     const std::string_view withoutZone(text, std::strcspn(text, "%"));
     std::string digits = ExpandZeros(PadGroups(withoutZone));
     std::erase(digits, _IPv6_sign_);
-    std::memset(address, 0, kAddressSize);
-    *address = '6';
     CopyBounded(address + 1, kAddressSize - 1, digits.c_str());
+    *address = '6';
+} catch (const std::bad_alloc &) {
 }
 
 bool getHostAddress(const char *hostName, char *output, std::int32_t size) {
@@ -146,13 +146,15 @@ bool MyResolveNameToAddress(CFStringRef hostName) {
         return false;
     }
     CFHostScheduleWithRunLoop(host, CFRunLoopGetCurrent(), kCFRunLoopCommonModes);
-    const bool started = CFHostStartInfoResolution(host, kCFHostAddresses, nullptr);
+    resolutionError = {};
+    const bool started = CFHostStartInfoResolution(host, kCFHostAddresses, &resolutionError);
     if (!started) MyCFHostCleanup(host);
     return started;
 }
 
 void MyCFHostClientCallBack(CFHostRef host, CFHostInfoType typeInfo, const CFStreamError *error,
                             void *info) {
+    resolutionError = *error;
     if (error->error == 0 && typeInfo == kCFHostAddresses) {
         MyPrintAddressArray(CFHostGetAddressing(host, nullptr), static_cast<CFStringRef>(info));
     }

@@ -12,10 +12,16 @@
 // Bytes of a numeric address as text, and of the printer's form of it, NUL included.
 constexpr std::int32_t kAddressSize = 46;
 
+// Bytes of what accounting reports of a host's name, NUL included.
+constexpr std::int32_t kHostNameSize = 97;
+
 // Where the resolution callback leaves its answer: the platform hands it no other way back.
 extern char *outString;            // the chosen numeric address
 extern std::int32_t outStringLen;  // bytes of outString
 extern std::int32_t result;        // 1 when the last address looked at had a numeric form
+
+// Why the last resolution did not start or found nothing; its error is 0 if it found addresses.
+extern CFStreamError resolutionError;
 
 // Fills `hostName` (97 bytes) with the host's name, cut to 96 characters, and `address` (at least
 // 46 bytes) with its address as the printer reads it: "I" and 8 hexadecimal digits for IPv4, "6"
@@ -27,7 +33,7 @@ void GetIPAddressOfHost(const char *name, char *hostName, char *address);
 
 // The printer's form of a numeric address, in `address` of 46 bytes: empty for an IPv4 text with a
 // number above 255 or of more than three characters, and "6" alone for an IPv6 text with no group
-// of zeros to expand.
+// of zeros to expand. Where memory is short an IPv6 text leaves it empty.
 void ConvertIPv4Address(const char *text, char *address);
 void ConvertIPv6Address(const char *text, char *address);
 

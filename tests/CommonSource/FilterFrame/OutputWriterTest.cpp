@@ -79,6 +79,48 @@ TEST(OutputWriter, ReturnsWhatTheDestinationReturns) {
     std::fclose(full);
 }
 
+// What writeError and jobCopyError are after `write` on a full disk and on one with room.
+template <class Write>
+void ExpectTheFirstCauseIsKept(Write write) {
+    writeError = jobCopyError = 0;
+    std::FILE *full = std::fopen("/dev/full", "wb"), *room = std::fopen("/dev/null", "wb");
+    std::setvbuf(full, nullptr, _IONBF, 0);
+    write(room);
+    EXPECT_EQ(writeError, 0);
+    write(full);
+    EXPECT_EQ(writeError, ENOSPC);
+    writeError = EIO;
+    write(full);
+    EXPECT_EQ(writeError, EIO) << "the first one";
+
+    writeError = 0;
+    gJobFilefp = full;
+    write(room);
+    EXPECT_EQ(writeError, 0);
+    EXPECT_EQ(jobCopyError, ENOSPC);
+    gJobFilefp = nullptr;
+    std::fclose(full);
+    std::fclose(room);
+    writeError = jobCopyError = 0;
+}
+
+TEST(OutputWriter, RemembersWhyTheFirstWriteFailed) {
+    ExpectTheFirstCauseIsKept([](std::FILE *stream) { KVfwrite("text", 1, 4, stream); });
+    ExpectTheFirstCauseIsKept([](std::FILE *stream) { KVfputs("text", stream); });
+    ExpectTheFirstCauseIsKept([](std::FILE *stream) { KVfputc('t', stream); });
+    ExpectTheFirstCauseIsKept([](std::FILE *stream) { KVfprintf(stream, "text"); });
+}
+
+TEST(OutputWriter, FlushesAndRemembersThatToo) {
+    std::FILE *full = std::fopen("/dev/full", "wb");
+    KVfputs("text", full);
+    EXPECT_EQ(writeError, 0) << "buffered";
+    EXPECT_EQ(KVfflush(full), EOF);
+    EXPECT_EQ(writeError, ENOSPC);
+    std::fclose(full);
+    writeError = 0;
+}
+
 TEST(OutputWriter, FormatsWithoutArguments) {
     const std::pair<const char *, const char *> cases[] = {
         {"", ""},
