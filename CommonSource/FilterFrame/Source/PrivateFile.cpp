@@ -44,7 +44,7 @@ bool BuildPath(const char *folder, const char *format, const char *name,
 }
 
 int CreateExclusively(const char *path) {
-    return open(path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    return open(path, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
 }
 
 // Both names that are tried first can be foretold, so somebody may hold them; the third cannot.
