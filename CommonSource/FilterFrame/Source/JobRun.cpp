@@ -19,6 +19,7 @@
 #include "CommonSource/FilterFrame/Source/TextEncoding.h"
 #include "CommonSource/FilterFrame/Source/UtilityFunctionFilter.h"
 #include "FrontEnd/Client.h"
+#include "FrontEnd/CompleteTicket.h"
 #include "FrontEnd/FrontEnd.h"
 #include "FrontEnd/Messages.h"
 
@@ -57,6 +58,15 @@ void FindClient() {
     }
 }
 
+// Completes the ticket where plain CUPS has written it. False if nothing may be printed.
+bool HasTicket(char *argv[], CompletedTicket &ticket) {
+    if (!FrontEndIsCUPS()) return true;
+    ticket = CompleteTicket(argv);
+    ReportCompletion(ticket);
+    argv[5] = ticket.options.data();
+    return !ticket.refused;
+}
+
 }  // namespace
 
 int RunJob(int argc, char *argv[]) {
@@ -70,6 +80,11 @@ int RunJob(int argc, char *argv[]) {
     std::setbuf(stderr, nullptr);  // the page log must reach the scheduler at once
     WidenPipe(STDIN_FILENO);
     WidenPipe(STDOUT_FILENO);
+    CompletedTicket ticket;  // argv[5] for all that follows
+    if (!HasTicket(argv, ticket)) {
+        CloseJobCopy();
+        return 1;
+    }
     if (GetTicketFromPDE(argv) == 1) OutputKPJLCommand(argv);
     if (JobPPDAttributeIs(KPPDPSDecompModeKey, "1")) {
         OutputPSStreamtoFileandInsertPJLforFeaturePDE(argc, argv);

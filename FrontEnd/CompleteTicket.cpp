@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "FrontEnd/CompleteTicket.h"
+
+#include <new>
+
+#include "CommonSource/FilterFrame/Source/JobPPD.h"
+#include "CommonSource/FilterFrame/Source/JobTicket.h"
+#include "FrontEnd/CompletionContext.h"
+#include "FrontEnd/IPPAttributes.h"
+#include "FrontEnd/Messages.h"
+#include "FrontEnd/PrintMode.h"
+#include "FrontEnd/QueueDefaults.h"
+#include "FrontEnd/ShortOptions.h"
+#include "FrontEnd/Slips.h"
+#include "FrontEnd/TicketText.h"
+
+namespace {
+
+constexpr std::string_view kTicketPrefix = KV_TICKET;
+constexpr std::string_view kCollate = "collate";
+
+bool IsSecret(std::string_view name) {
+    return name.find("assword") != std::string_view::npos;
+}
+
+void AddJobOptions(CompletionContext &context) {
+    for (const JobOption &option : context.job) {
+        const TicketSource source = option.derived ? TicketSource::IPPAttribute : TicketSource::Job;
+        context.ticket.entries.push_back(
+            {option.name, option.value, source, option.name, option.value, IsSecret(option.name)});
+    }
+    for (const std::string &name : context.resolved) {
+        for (TicketEntry &entry : context.ticket.entries) {
+            if (SameName(entry.key, name)) entry.source = TicketSource::Resolved;
+        }
+    }
+}
+
+// The job information looks for the word "collate" anywhere in the string: it stands for the option
+// alone, so that other texts are coded or, where nothing reads them, left out.
+void WriteOptions(CompletedTicket &ticket) {
+    for (const TicketEntry &entry : ticket.entries) {
+        const bool holdsWord = entry.key.find(kCollate) != std::string::npos ||
+                               entry.value.find(kCollate) != std::string::npos;
+        if (SameName(entry.key, kCollate)) {
+            ticket.options += SameName(entry.value, "true") ? " collate" : " nocollate";
+        } else if (!holdsWord) {
+            AppendOption(ticket.options, entry.key, entry.value);
+        } else if (entry.key.starts_with(kTicketPrefix) && entry.value.size() <= kMostSlashCoded) {
+            AppendOption(ticket.options, entry.key, SlashCoded(entry.value));
+        }
+    }
+}
+
+void Complete(CompletionContext &context) {
+    NoteSlips(context);
+    MarkQueue(context);
+    AddJobOptions(context);
+    FindShortOptionValues(context);
+    AddPrintMode(context);
+    AddShortOptions(context);
+    AddIPPAttributes(context);
+    AddQueueDefaults(context);
+    RefuseOpenConfidentialJob(context);
+    WriteOptions(context.ticket);
+}
+
+// "Key=value (source option=given)": the key without what all of the dialog's begin with.
+std::string Provenance(const TicketEntry &entry) {
+    std::string_view key = entry.key;
+    if (key.starts_with(kTicketPrefix)) key.remove_prefix(kTicketPrefix.size());
+    std::string line(key);
+    line.append("=").append(entry.secret ? "****" : entry.value);
+    line.append(" (").append(TicketSourceName(entry.source));
+    if (entry.option != entry.key) {
+        line.append(" ").append(entry.option);
+        if (!entry.given.empty()) line.append("=").append(entry.secret ? "****" : entry.given);
+    }
+    return line + ")";
+}
+
+}  // namespace
+
+const char *TicketSourceName(TicketSource source) {
+    switch (source) {
+        case TicketSource::Job:
+            return "job";
+        case TicketSource::ShortOption:
+            return "short option";
+        case TicketSource::IPPAttribute:
+            return "IPP attribute";
+        case TicketSource::QueueDefault:
+            return "queue default";
+        case TicketSource::Resolved:
+            return "constraint";
+    }
+    return "";
+}
+
+CompletedTicket CompleteTicket(char *const argv[]) try {
+    CompletionContext context{argv, JobPPD(), ParseOptionString(argv[5])};
+    Complete(context);
+    return std::move(context.ticket);
+} catch (const std::bad_alloc &) {
+    CompletedTicket refused;
+    refused.refused = true;
+    return refused;
+}
+
+void ReportCompletion(const CompletedTicket &ticket) {
+    for (const TicketEntry &entry : ticket.entries) {
+        if (entry.source != TicketSource::Job) ReportDebug(Provenance(entry));
+    }
+    bool said = false;
+    for (const TicketNotice &notice : ticket.notices) {
+        if (notice.kind == TicketNotice::Refused) {
+            ReportError(notice.text);
+            said = true;
+        } else {
+            ReportWarning(notice.text);
+        }
+    }
+    if (ticket.refused && !said) ReportError("no memory to complete the job's options");
+}

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// The short options: one name for what the print dialog needs many keys for. Their rows stand in
+// ShortOptions.def; PPDs offer the same options with the same choices.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "FrontEnd/CompletionContext.h"
+
+// What an option takes beside its choices.
+enum class OwnValue {
+    None,    // nothing
+    Text,    // text of `least` to `most` bytes
+    Secret,  // the same, a password
+    Whole,   // whole number from `least` to `most`
+};
+
+// Adds the keys that `value` stands for. Returns whether it did; it has noted why not.
+using ExpandShortOption = bool (*)(const char *value, CompletionContext &context);
+
+// What one choice becomes: "Key=Text Key=Text", the keys without the prefix that they share.
+struct ShortOptionKeys {
+    const char *choice;  // "*": a value of one's own, which "%" stands for in the keys
+    const char *keys;
+};
+
+struct ShortOption {
+    const char *name;
+    const char *choices;  // blanks between; the first one is what the option is when not given
+    OwnValue own;
+    int least, most;
+    ShortOptionKeys becomes[4];  // ended by a null choice where there are fewer
+    ExpandShortOption expand;    // instead of `becomes`, or null
+    const char *meaning;         // in words, for people
+    const char *example;         // of its use, as lp's -o takes it
+};
+
+extern const ShortOption kShortOptions[];
+extern const std::size_t kShortOptionCount;
+
+// The row of that name, compared without case, or null.
+const ShortOption *FindShortOption(std::string_view name);
+
+// Whether the row allows `value`. Stores it as the row spells it: one of the choices, or a value of
+// one's own without "Custom.".
+bool UnderstandShortOption(const ShortOption &row, std::string_view value, std::string &understood);
+
+// What the row allows, in words: "Default, Off or a number from 1 to 99".
+std::string AllowedValues(const ShortOption &row);
+
+// Finds what each short option is, from the job, the IPP attributes and the queue; says what of it
+// is not understood.
+void FindShortOptionValues(CompletionContext &context);
+
+// Adds the keys of all that are given.
+void AddShortOptions(CompletionContext &context);
