@@ -14,7 +14,7 @@ constexpr std::size_t kLookBack = 2;
 struct LineSearch {
     using Search = const char *(*)(const char *from, const char *end);
 
-    const char *name;  // "avx2"
+    const char *name;  // of the vectors: "AVX2"
     // The next line feed or carriage return.
     Search findLineEnd;
     // The next line end after two bytes that a special line may end in.
@@ -32,5 +32,5 @@ struct LineSearch {
 // The searches of the widest vectors that this machine has.
 const LineSearch &BestLineSearch();
 
-// Every variant that this machine can run, for tests and measurements; ends with null.
+// Every variant that this machine can run, the best first; ends with null.
 const LineSearch *const *AllLineSearches();
