@@ -10,40 +10,15 @@ CommentOptions psoptioncomment;
 
 namespace {
 
-constexpr char kSidesTicketKey[] = "sides";
-constexpr char kColorModeTicketKey[] = "KVColorMode";
-constexpr char kStapleTicketKey[] = "KVStaple";
-constexpr char kPunchTicketKey[] = "KVPunch";
-constexpr char kNumPunchHolesTicketKey[] = "KVNumPunchHoles";
-constexpr char kSignatureTicketKey[] = "KVSignature";
-constexpr char kSignatureVolumeTicketKey[] = "KVSigVol";
-constexpr char kLineWeightAdjustmentTicketKey[] = "KVLineWeightAdjustment";
-constexpr char kDuplexBindingEdgeTicketKey[] = "DuplexBindingEdge..n.";
-constexpr char kCopiesTicketKey[] = "com.apple.print.PrintSettings.PMCopies..n.";
-constexpr char kOrientationTicketKey[] = "orientation-requested";
-
-CommentOptions &c = psoptioncomment;
+constexpr CommentOptions &ticket = psoptioncomment;
 
 }  // namespace
 
-// clang-format off
 const ticketData CommentticketData[] = {
-    {kSidesTicketKey,                c.sides,                sizeof c.sides,                GetTicketStringConvertedToPrtLang},
-    {kColorModeTicketKey,            c.colorMode,            sizeof c.colorMode,            GetTicketStringConvertedToPrtLang},
-    {kNumberUpTicketKey,             c.pagesPerSheet,        sizeof c.pagesPerSheet,        GetNumberUpTicketStringForComment},
-    {kStapleTicketKey,               c.staple,               sizeof c.staple,               GetTicketStringConvertedToPrtLang},
-    {kPunchTicketKey,                c.punch,                sizeof c.punch,                GetTicketStringConvertedToPrtLang},
-    {kNumPunchHolesTicketKey,        c.punchHoles,           sizeof c.punchHoles,           GetTicketStringConvertedToPrtLang},
-    {kSignatureTicketKey,            c.signature,            sizeof c.signature,            GetTicketStringConvertedToPrtLang},
-    {kSignatureVolumeTicketKey,      c.signatureVolume,      sizeof c.signatureVolume,      GetTicketStringConvertedToPrtLang},
-    {kLineWeightAdjustmentTicketKey, c.lineWeightAdjustment, sizeof c.lineWeightAdjustment, GetTicketStringConvertedToPrtLang},
-    {kDuplexBindingEdgeTicketKey,    &c.duplexBindingEdge,   sizeof c.duplexBindingEdge,    GetTicketInteger},
-    {kCopiesTicketKey,               &c.copies,              sizeof c.copies,               GetTicketInteger},
-    {kOrientationTicketKey,          &c.orientation,         sizeof c.orientation,          GetTicketInteger},
-    {kLayoutDirectionTicketKey,      &c.layoutDirection,     sizeof c.layoutDirection,      GetTicketInteger},
+#define KV_KEY KV_KEY_ROW
+#include "Modules/Comment/CommentTicket.def"
 };
-// clang-format on
-static_assert(std::size(CommentticketData) == CommentTicketDataNum);
+const std::int32_t CommentTicketDataNum = std::size(CommentticketData);
 
 namespace {
 
@@ -52,19 +27,19 @@ namespace {
 void SetCollation(const char *optionString) {
     for (const std::string_view word : {kNoCollate, kCollate}) {
         if (std::strstr(optionString, word.data())) {
-            CopyBounded(c.collation, word.data());
+            CopyBounded(ticket.collation, word.data());
             return;
         }
     }
 }
 
 void SetSides() {
-    if (*c.sides == '\0' || c.duplexBindingEdge == OptionEdgeOff) {
-        CopyBounded(c.sides, kSidesOneSided.data());
+    if (*ticket.sides == '\0' || ticket.duplexBindingEdge == OptionEdgeOff) {
+        CopyBounded(ticket.sides, kSidesOneSided.data());
     }
     // A booklet is folded, whatever the dialog says of sides. A ticket without a kind of booklet
     // counts as one, too.
-    if (c.signature != kOptionNone) CopyBounded(c.sides, kSidesShortEdge.data());
+    if (ticket.signature != kOptionNone) CopyBounded(ticket.sides, kSidesShortEdge.data());
 }
 
 }  // namespace
@@ -73,7 +48,7 @@ int CommentGetTicketFromPDE(char *const argv[]) {
     GetTicketFromArray(argv, CommentticketData, CommentTicketDataNum);
     SetCollation(argv[5]);
     SetSides();
-    if (c.orientation == -1) c.orientation = OptionPortrait;
-    if (c.layoutDirection == -1) c.layoutDirection = OptionRightThenDown;
+    if (ticket.orientation == -1) ticket.orientation = OptionPortrait;
+    if (ticket.layoutDirection == -1) ticket.layoutDirection = OptionRightThenDown;
     return 1;
 }

@@ -13,21 +13,13 @@
 constexpr std::size_t kCommentTextSize = 256;
 using CommentText = char[kCommentTextSize];
 
+#define KV_KEY KV_KEY_CONSTANT
+#include "Modules/Comment/CommentTicket.def"
+
 struct CommentOptions {
-    CommentText sides;      // as the job is printed: a booklet is always on two sides
-    CommentText colorMode;  // a value of the PPD's colour option
+#define KV_KEY KV_KEY_FIELD
+#include "Modules/Comment/CommentTicket.def"
     CommentText collation;  // "collate" or "nocollate"; empty if the ticket says neither
-    CommentText pagesPerSheet;
-    CommentText staple;
-    CommentText punch;
-    CommentText punchHoles;
-    CommentText signature;        // kind of booklet
-    CommentText signatureVolume;  // "5Sheets" in each part of a booklet
-    CommentText lineWeightAdjustment;
-    std::int32_t duplexBindingEdge;  // -1 if the ticket has none
-    std::int32_t copies;             // -1 if the ticket has none
-    std::int32_t orientation;
-    std::int32_t layoutDirection;
 };
 extern CommentOptions psoptioncomment;
 
@@ -60,8 +52,8 @@ constexpr std::int32_t OptionRotatedPortrait = 6;
 // Value of layoutDirection; the others are the N-up orders of the extended block.
 constexpr std::int32_t OptionRightThenDown = 1;
 
-constexpr std::int32_t CommentTicketDataNum = 13;
 extern const ticketData CommentticketData[];
+extern const std::int32_t CommentTicketDataNum;
 
 // Fills psoptioncomment from argv[5]. Collation is the one field that outlives a ticket which does
 // not name it. Returns 1.

@@ -9,31 +9,17 @@
 
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
 
+#define KV_KEY KV_KEY_CONSTANT
+#include "Modules/Features/FeaturesTicket.def"
+
 struct FeaturesOptions {
-    std::int32_t tabMarginSwitch;
-    std::int32_t trimmerSwitch;
-    std::int32_t bookletMarginSwitch;
-    char tabMarginShift[5];      // millimetres
-    char trimmerCuttingSize[5];  // millimetres
-    std::int32_t numInSequenceSwitch;
-    char numInSequence[5];
-    std::int32_t offsetStackingList;
-    char offsetStackingPages[6];
-    char offsetStackingUnits[6];
-    std::int32_t separatorPagesList;
-    char separatorPages[100];  // contents of a PostScript array
-    std::int32_t autoFitSwitch;
-    char bookletMarginShift[5];  // millimetres
-    std::int32_t ejectOptionsList;
-    char numPunchHoles[100];
-    char mediaTypeTab[100];            // "true" or "false"
-    char coilPunchFace[100];           // "true" or "false"
-    std::int32_t whetherMediaTypeTab;  // of the special pages
+#define KV_KEY KV_KEY_FIELD
+#include "Modules/Features/FeaturesTicket.def"
 };
 extern FeaturesOptions kpjlOptionFeatures;
 
-constexpr std::int32_t FeaturesTicketDataNum = 19;
 extern const ticketData FeaturesticketData[];
+extern const std::int32_t FeaturesTicketDataNum;
 
 // Fills kpjlOptionFeatures from argv[5]. Returns 1.
 int FeaturesGetTicketFromPDE(char *const argv[]);

@@ -10,54 +10,15 @@ PBindOptions psoptionpbind;
 
 namespace {
 
-constexpr char kPBindPositionTicketKey[] = "KVPBindPosition";
-constexpr char kPBindTrimmingTicketKey[] = "KVPBindTrimming";
-constexpr char kPBindCutPageSizeTicketKey[] = "KVPBindCutPageSize";
-constexpr char kPBindImagePositionTicketKey[] = "noKVPBindImagePosition";
-constexpr char kPBindCutPositionTopTicketKey[] = "KVPBindCutPositionTop";
-constexpr char kPBindCutPositionForeTicketKey[] = "KVPBindCutPositionFore";
-constexpr char kPBindPageSizeTicketKey[] = "KVPBindPageSize";
-constexpr char kPBindCoverPageSizeTicketKey[] = "KVPBindCoverPageSize";
-constexpr char kPBindCoverMediaTypeTicketKey[] = "KVPBindCoverMediaType";
-constexpr char kPBindCoverMediaColorTicketKey[] = "KVPBindCoverMediaColor";
-constexpr char kPBindCoverPaperTrayTicketKey[] = "KVPBindCoverPaperTray";
-constexpr char kPBindRotationAdjustTopTicketKey[] = "KVPBindRotationAdjustTop";
-constexpr char kPBindRotationAdjustBotTicketKey[] = "KVPBindRotationAdjustBot";
-constexpr char kPBindRotationAdjustForeTicketKey[] = "KVPBindRotationAdjustFore";
-constexpr char kPBindCutPageAdjustmentTBTicketKey[] = "KVPBindCutPageAdjustmentTB";
-constexpr char kPBindCutPageAdjustmentForeTicketKey[] = "KVPBindCutPageAdjustmentFore";
-constexpr char kPBindCutPositionAdjustmentTBTicketKey[] = "KVPBindCutPositionAdjustmentTB";
-constexpr char kPBindCoverAdjustXTicketKey[] = "KVPBindCoverAdjustX";
-constexpr char kPBindCoverAdjustYTicketKey[] = "KVPBindCoverAdjustY";
-
-PBindOptions &p = psoptionpbind;
+constexpr PBindOptions &ticket = psoptionpbind;
 
 }  // namespace
 
-// clang-format off
 const ticketData PBindticketData[] = {
-    {kPBindPositionTicketKey,                p.bindPosition,            sizeof p.bindPosition,            GetTicketStringConvertedToPrtLang},
-    {kPBindTrimmingTicketKey,                p.trimming,                sizeof p.trimming,                GetTicketStringConvertedToPrtLang},
-    {kPBindCutPageSizeTicketKey,             p.cutPageSize,             sizeof p.cutPageSize,             GetTicketStringConvertedToPrtLang},
-    {kPBindImagePositionTicketKey,           &p.imagePosition,          sizeof p.imagePosition,           GetTicketInteger},
-    {kPBindCutPositionTopTicketKey,          p.cutPositionTop,          sizeof p.cutPositionTop,          GetTicketStringConvertedToPrtLang},
-    {kPBindCutPositionForeTicketKey,         p.cutPositionFore,         sizeof p.cutPositionFore,         GetTicketStringConvertedToPrtLang},
-    {kPBindPageSizeTicketKey,                p.pageSize,                sizeof p.pageSize,                GetTicketStringConvertedToPrtLang},
-    {kPBindCoverPageSizeTicketKey,           p.coverPageSize,           sizeof p.coverPageSize,           GetTicketStringConvertedToPrtLang},
-    {kPBindCoverMediaTypeTicketKey,          p.coverMediaType,          sizeof p.coverMediaType,          GetTicketStringConvertedToPrtLang},
-    {kPBindCoverMediaColorTicketKey,         p.coverMediaColor,         sizeof p.coverMediaColor,         GetTicketStringConvertedToPrtLang},
-    {kPBindCoverPaperTrayTicketKey,          p.coverPaperTray,          sizeof p.coverPaperTray,          GetTicketStringConvertedToPrtLang},
-    {kPBindRotationAdjustTopTicketKey,       p.rotationAdjustTop,       sizeof p.rotationAdjustTop,       GetTicketStringConvertedToPrtLang},
-    {kPBindRotationAdjustBotTicketKey,       p.rotationAdjustBot,       sizeof p.rotationAdjustBot,       GetTicketStringConvertedToPrtLang},
-    {kPBindRotationAdjustForeTicketKey,      p.rotationAdjustFore,      sizeof p.rotationAdjustFore,      GetTicketStringConvertedToPrtLang},
-    {kPBindCutPageAdjustmentTBTicketKey,     p.cutPageAdjustmentTB,     sizeof p.cutPageAdjustmentTB,     GetTicketStringConvertedToPrtLang},
-    {kPBindCutPageAdjustmentForeTicketKey,   p.cutPageAdjustmentFore,   sizeof p.cutPageAdjustmentFore,   GetTicketStringConvertedToPrtLang},
-    {kPBindCutPositionAdjustmentTBTicketKey, p.cutPositionAdjustmentTB, sizeof p.cutPositionAdjustmentTB, GetTicketStringConvertedToPrtLang},
-    {kPBindCoverAdjustXTicketKey,            p.coverAdjustX,            sizeof p.coverAdjustX,            GetTicketStringConvertedToPrtLang},
-    {kPBindCoverAdjustYTicketKey,            p.coverAdjustY,            sizeof p.coverAdjustY,            GetTicketStringConvertedToPrtLang},
+#define KV_KEY KV_KEY_ROW
+#include "Modules/PBind/PBindTicket.def"
 };
-// clang-format on
-static_assert(std::size(PBindticketData) == PBindTicketDataNum);
+const std::int32_t PBindTicketDataNum = std::size(PBindticketData);
 
 namespace {
 
@@ -104,9 +65,9 @@ constexpr TrimmingRule trimmingRules[] = {
 
 void ApplyBindingRules() {
     for (const BindingRule &rule : bindingRules) {
-        if (p.bindPosition != rule.dialogValue) continue;
-        CopyBounded(p.bindPosition, rule.bindPosition);
-        CopyBounded(p.rotation, rule.rotation);
+        if (ticket.bindPosition != rule.dialogValue) continue;
+        CopyBounded(ticket.bindPosition, rule.bindPosition);
+        CopyBounded(ticket.rotation, rule.rotation);
         return;
     }
 }
@@ -119,22 +80,22 @@ void SetCutField(PBindText &field, CutField cut) {
 void ApplyTrimmingRules() {
     const TrimmingRule *rule = trimmingRules;
     const TrimmingRule *const anyOther = std::end(trimmingRules) - 1;
-    while (rule != anyOther && p.trimming != rule->dialogValue) rule++;
-    SetCutField(p.cutPageSize, rule->cutPageSize);
-    SetCutField(p.cutPositionTop, rule->cutPositionTop);
-    SetCutField(p.cutPositionFore, rule->cutPositionFore);
-    p.minimumCut = rule->minimumCut;
+    while (rule != anyOther && ticket.trimming != rule->dialogValue) rule++;
+    SetCutField(ticket.cutPageSize, rule->cutPageSize);
+    SetCutField(ticket.cutPositionTop, rule->cutPositionTop);
+    SetCutField(ticket.cutPositionFore, rule->cutPositionFore);
+    ticket.minimumCut = rule->minimumCut;
 }
 
 // How much is cut; a trimming that the dialog does not know stays as it is.
 void ReplaceTrimmingByKeyword() {
-    const std::string_view trimming = p.trimming;
+    const std::string_view trimming = ticket.trimming;
     if (trimming == "None") {
-        CopyBounded(p.trimming, kPBindOff);
+        CopyBounded(ticket.trimming, kPBindOff);
     } else if (trimming.starts_with("1Edge")) {
-        CopyBounded(p.trimming, "FACE");
+        CopyBounded(ticket.trimming, "FACE");
     } else if (trimming.starts_with("3Edge")) {
-        CopyBounded(p.trimming, "FULLBLEED");
+        CopyBounded(ticket.trimming, "FULLBLEED");
     }
 }
 

@@ -13,28 +13,14 @@
 
 using PBindText = char[256];
 
+#define KV_KEY KV_KEY_CONSTANT
+#include "Modules/PBind/PBindTicket.def"
+
 struct PBindOptions {
-    PBindText bindPosition;           // empty or "OFF": not a perfect-bound book
-    PBindText rotation;               // follows from the bind position
-    PBindText trimming;               // "OFF", "FACE", "FULLBLEED" or what the ticket says
-    PBindText cutPageSize;            // a PPD page size
-    PBindText cutPositionTop;         // at top and bottom alike: "7mm"
-    PBindText cutPositionFore;        // at the fore edge: "7mm"
-    PBindText cutPageAdjustmentFore;  // this and the other adjustments are numbers
-    PBindText cutPageAdjustmentTB;    // (TB: top and bottom)
-    PBindText rotationAdjustTop;
-    PBindText rotationAdjustBot;
-    PBindText rotationAdjustFore;
-    PBindText coverAdjustX;
-    PBindText coverAdjustY;
-    PBindText coverPageSize;  // a PPD page size
-    PBindText coverMediaType;
-    PBindText coverMediaColor;
-    PBindText coverPaperTray;
-    PBindText pageSize;  // the PPD page size of the body
-    PBindText cutPositionAdjustmentTB;
-    std::int32_t imagePosition;  // of no effect: the print dialog never sends it
-    std::int32_t minimumCut;     // 1 when the trimming takes off as little as the knife can, else 0
+#define KV_KEY KV_KEY_FIELD
+#include "Modules/PBind/PBindTicket.def"
+    PBindText rotation;       // follows from the bind position
+    std::int32_t minimumCut;  // 1 when the trimming takes off as little as the knife can, else 0
 };
 extern PBindOptions psoptionpbind;
 
@@ -44,8 +30,8 @@ inline constexpr char kPBindLeft[] = "LEFT";
 inline constexpr char kPBindRight[] = "RIGHT";
 inline constexpr char kPBindTop[] = "TOP";
 
-constexpr std::int32_t PBindTicketDataNum = 19;
 extern const ticketData PBindticketData[];
+extern const std::int32_t PBindTicketDataNum;
 
 // Fills psoptionpbind from argv[5] and applies the rules. Returns 1.
 int PBindGetTicketFromPDE(char *const argv[]);

@@ -10,20 +10,17 @@
 
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
 
+#define KV_KEY KV_KEY_CONSTANT
+#include "Modules/PrintType/PrintTypeTicket.def"
+
 struct PrintTypeOptions {
-    std::int32_t printType;
-    char userName[73];
-    char password[17];
-    std::int32_t documentNameType;
-    char documentName[193];
-    char delayPrintTime[17];
-    char mailboxNumber[5];
-    char mailboxPassword[30];
+#define KV_KEY KV_KEY_FIELD
+#include "Modules/PrintType/PrintTypeTicket.def"
 };
 extern PrintTypeOptions kpjlOptionPrintType;
 
-constexpr std::int32_t PrintTypeTicketDataNum = 8;
 extern const ticketData PrintTypeticketData[];
+extern const std::int32_t PrintTypeTicketDataNum;
 
 // Fills kpjlOptionPrintType from argv[5]. Returns 1.
 int PrintTypeGetTicketFromPDE(char *const argv[]);

@@ -7,18 +7,24 @@ SpecialPageOptions psOptionSpecialPage;
 
 namespace {
 
-SpecialPageOptions &s = psOptionSpecialPage;
+constexpr SpecialPageOptions &ticket = psOptionSpecialPage;
 
 }  // namespace
 
-// clang-format off
 const ticketData SpecialPageTicketData[] = {
-    {kSPKPCoverCountKey,     &s.coverCount,     sizeof s.coverCount,     GetTicketInteger},
-    {kSPKPInsertionCountKey, &s.insertionCount, sizeof s.insertionCount, GetTicketInteger},
-    {kSPKPExceptionCountKey, &s.exceptionCount, sizeof s.exceptionCount, GetTicketInteger},
+#define KV_KEY KV_KEY_ROW
+#include "Modules/SpecialPage/SpecialPageTicket.def"
 };
-// clang-format on
-static_assert(std::size(SpecialPageTicketData) == SpecialPageTicketDataNum);
+const std::int32_t SpecialPageTicketDataNum = std::size(SpecialPageTicketData);
+
+#define KV_NUMBERED_KEY(key, meaning) \
+    { key, nullptr, 0, GetTicketStringConvertedToPrtLang, "", "list with commas", meaning }
+const ticketData SpecialPageValueKeys[3] = {
+    KV_NUMBERED_KEY(kSPKPCoverValueKey, "a cover; the key ends in its number, from 0"),
+    KV_NUMBERED_KEY(kSPKPInsertionValueKey,
+                    "an inserted sheet; the key ends in its number, from 0"),
+    KV_NUMBERED_KEY(kSPKPExceptionValueKey, "a page exception; the key ends in its number, from 0"),
+};
 
 int SpecialPageGetTicketFromPDE(char *const argv[]) {
     return GetTicketFromArray(argv, SpecialPageTicketData, SpecialPageTicketDataNum);

@@ -8,25 +8,25 @@
 
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
 
+#define KV_KEY KV_KEY_CONSTANT
+#include "Modules/SpecialPage/SpecialPageTicket.def"
+
 // Counts that the ticket lacks are -1; the document's writer takes what is negative for 0.
 struct SpecialPageOptions {
-    std::int32_t coverCount;
-    std::int32_t insertionCount;
-    std::int32_t exceptionCount;
+#define KV_KEY KV_KEY_FIELD
+#include "Modules/SpecialPage/SpecialPageTicket.def"
 };
 extern SpecialPageOptions psOptionSpecialPage;
 
-inline constexpr char kSPKPCoverCountKey[] = KV_TICKET "KPIFCoverCountTicket";
-inline constexpr char kSPKPInsertionCountKey[] = KV_TICKET "KPIFInsertionCountTicket";
-inline constexpr char kSPKPExceptionCountKey[] = KV_TICKET "KPIFExceptionCountTicket";
-
-// What the keys of the values begin with; the number, from 0, follows.
+// What the keys of the values begin with; the number, from 0, follows. The document's writer reads
+// them one by one.
 inline constexpr char kSPKPCoverValueKey[] = KV_TICKET "KPIFCoverValueTicket_";
 inline constexpr char kSPKPInsertionValueKey[] = KV_TICKET "KPIFInsertionValueTicket_";
 inline constexpr char kSPKPExceptionValueKey[] = KV_TICKET "KPIFExceptionValueTicket_";
 
-constexpr std::int32_t SpecialPageTicketDataNum = 3;
 extern const ticketData SpecialPageTicketData[];
+extern const std::int32_t SpecialPageTicketDataNum;
+extern const ticketData SpecialPageValueKeys[3];  // for reference; without destinations
 
 // Fills psOptionSpecialPage from argv[5]. Returns 1.
 int SpecialPageGetTicketFromPDE(char *const argv[]);

@@ -6,18 +6,10 @@
 #include <fstream>
 #include <regex>
 #include <set>
-#include <span>
 #include <sstream>
 #include <string>
 
-#include "CommonSource/FilterFrame/Source/JobTicket.h"
-#include "Modules/Comment/CommentTicket.h"
-#include "Modules/Features/FeaturesTicket.h"
-#include "Modules/JBA/JBATicket.h"
-#include "Modules/PBind/PBindTicket.h"
-#include "Modules/PrintType/PrintTypeTicket.h"
-#include "Modules/SpecialPage/SpecialPageTicket.h"
-#include "Modules/Watermark/WatermarkTicket.h"
+#include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 
 namespace {
 
@@ -30,24 +22,10 @@ std::string OnPage(std::string key) {
 }
 
 std::set<std::string> OptionsRead() {
-    const std::span<const ticketData> tables[] = {
-        {PrintTypeticketData, PrintTypeTicketDataNum},
-        {JBAticketDataCommon, JBATicketDataNumCommon},
-        {JBAticketDataAdmin, JBATicketDataNumAdmin},
-        {FeaturesticketData, FeaturesTicketDataNum},
-        {WatermarkticketData, WatermarkTicketDataNum},
-        {PBindticketData, PBindTicketDataNum},
-        {CommentticketData, CommentTicketDataNum},
-        {SpecialPageTicketData, SpecialPageTicketDataNum},
-    };
     std::set<std::string> options;
-    for (const auto &table : tables) {
-        for (const ticketData &row : table) options.insert(OnPage(row.key));
+    for (const TicketTable &table : TicketTables()) {
+        for (const ticketData &row : table.rows) options.insert(OnPage(row.key));
     }
-    for (const char *key : {kSPKPCoverValueKey, kSPKPInsertionValueKey, kSPKPExceptionValueKey}) {
-        options.insert(OnPage(key));
-    }
-    options.insert("*`PrintTypeProductTypeTicketKey`*");
     return options;
 }
 

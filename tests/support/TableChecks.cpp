@@ -6,8 +6,6 @@
 #include <set>
 #include <string>
 
-#include "CommonSource/FilterFrame/Source/JobBuffers.h"
-
 namespace {
 
 std::size_t SymbolsOf(const char *format) {
@@ -53,27 +51,6 @@ void ExpectRows(std::span<const PrtFmtEntry> table, const std::vector<CommandRul
             ExpectNamed(item.value);
             ExpectNamed(item.reference);
             EXPECT_TRUE(HasName(item.compareFunc));
-        }
-    }
-}
-
-void ExpectTicketRows(std::span<const ticketData> table, const void *record, std::size_t size) {
-    const char *begin = static_cast<const char *>(record);
-    std::vector<char> taken(size, 0);
-    for (const ticketData &row : table) {
-        ASSERT_NE(row.key, nullptr);
-        SCOPED_TRACE(row.key);
-        EXPECT_NE(row.getter, nullptr);
-        ASSERT_GT(row.size, 0);
-        const char *field = static_cast<const char *>(row.destination);
-        const std::size_t fieldSize = static_cast<std::size_t>(row.size);
-        if (field < begin || field >= begin + size) {
-            EXPECT_LE(fieldSize, sizeof(StdText));
-            continue;
-        }
-        ASSERT_LE(field + fieldSize, begin + size);
-        for (std::size_t i = 0; i < fieldSize; i++) {
-            EXPECT_EQ(taken[static_cast<std::size_t>(field - begin) + i]++, 0) << "byte " << i;
         }
     }
 }

@@ -8,13 +8,8 @@
 #include <vector>
 
 #include "CommonSource/FilterFrame/Source/CommandTable.h"
-#include "CommonSource/FilterFrame/Source/JobTicket.h"
 #include "support/CommandRules.h"
 
 // The rows have the names and the order of the rules, and as many conditions; each format has as
 // many control symbols as its parameter set has values; values and conditions have names.
 void ExpectRows(std::span<const PrtFmtEntry> table, const std::vector<CommandRule> &rules);
-
-// Every row of a ticket table is complete and stays in its field: the fields of `record`, `size`
-// bytes, do not overlap, and other destinations are the job's shared texts.
-void ExpectTicketRows(std::span<const ticketData> table, const void *record, std::size_t size);

@@ -2,6 +2,25 @@
 //
 // The job ticket: the option string, argv[5]. Each module brings a table of the keys that it reads;
 // GetTicketFromArray stores what it finds in the fields of the module's record.
+//
+// A ticket table is a row file, Modules/<Module>/<Module>Ticket.def. Nothing about a key stands
+// elsewhere; an entry is
+//
+//     KV_KEY(password, TicketText<17>, kPrintTypePasswordTicketKey, KV_TICKET
+//     "PrintTypePasswordTicketKey",
+//            "text", "password of a secure print")
+//
+// the field, its type (std::int32_t, float or TicketText<bytes>), the key's constant, the key, what
+// may be given and what it means; then the getter, where it is not the one that the type implies.
+// The key itself is left out where its constant has one already, below or in another entry.
+// KV_SHARED_KEY is the same for a text of JobBuffers.h in place of a field of the record.
+//
+// The module includes its file once for each thing that is made of it, with KV_KEY defined as one
+// of these; the file's last line undefines it:
+//     KV_KEY_CONSTANT  the constants of the keys
+//     KV_KEY_FIELD     the fields of the record
+//     KV_KEY_ROW       the rows of the table, for the record that is called `ticket`; with
+//                      KV_SHARED_KEY defined as KV_SHARED_KEY_ROW if the file has such entries
 #pragma once
 
 #include <cups/cups.h>
@@ -23,6 +42,9 @@ struct ticketData {
     void *destination;
     std::int32_t size;
     TicketGetter getter;
+    const char *field = "";    // the destination's name
+    const char *values = "";   // what may be given: "1 = off, 2 = on", "true, false", "millimetres"
+    const char *meaning = "";  // what the value is, in words
 };
 
 // The options of one option string, released with this object.
@@ -55,6 +77,14 @@ int GetTicketStringConvertedToPPDEncodingString(const char *, int, cups_option_t
 int GetNumberUpTicketString(const char *, int, cups_option_t *, void *, std::int32_t);
 int GetNumberUpTicketStringForComment(const char *, int, cups_option_t *, void *, std::int32_t);
 
+// The name of each getter, for tools that explain a ticket.
+struct TicketGetterName {
+    TicketGetter getter;
+    const char *name;     // as above
+    const char *meaning;  // "integer"
+};
+extern const TicketGetterName ticketGetterNames[9];
+
 // Decodes in place a slash-coded text ("/72/105" is "Hi"), in a buffer of `size` bytes.
 void numstrtochar(char *text, std::int32_t size);
 
@@ -68,6 +98,56 @@ std::int32_t LeadingInteger(const char *text);
 
 // System keys that several modules read.
 constexpr char kNumberUpTicketKey[] = "number-up";
+constexpr char kNumPunchHolesTicketKey[] = "KVNumPunchHoles";
 constexpr char kLayoutDirectionTicketKey[] = "com.apple.print.PrintSettings.PMLayoutDirection..n.";
 constexpr char kLayoutRowCountTicketKey[] = "com.apple.print.PrintSettings.PMLayoutRows..n.";
 constexpr char kLayoutColumnCountTicketKey[] = "com.apple.print.PrintSettings.PMLayoutColumns..n.";
+
+// The system's paper rectangle, of the page format and of the job; its elements are the origin's Y
+// and X, the height and the width.
+// clang-format off
+#define KV_PAGE_FORMAT "com.apple.print.subTicket.page_format_ticket..d."
+#define KV_PAPER_RECT                                 \
+    "com.apple.print.subTicket.paper_info_ticket..d." \
+    "com.apple.print.PaperInfo.PMUnadjustedPaperRect..a."
+constexpr char KPaperInfoRectOriginXTicketKey[]      = KV_PAGE_FORMAT KV_PAPER_RECT "1..n.";
+constexpr char KPaperInfoRectOriginYTicketKey[]      = KV_PAGE_FORMAT KV_PAPER_RECT "0..n.";
+constexpr char KPaperInfoRectHeightTicketKey[]       = KV_PAGE_FORMAT KV_PAPER_RECT "2..n.";
+constexpr char KPaperInfoRectWidthTicketKey[]        = KV_PAGE_FORMAT KV_PAPER_RECT "3..n.";
+constexpr char KAdobePaperInfoRectOriginXTicketKey[] = KV_PAPER_RECT "1..n.";
+constexpr char KAdobePaperInfoRectOriginYTicketKey[] = KV_PAPER_RECT "0..n.";
+constexpr char KAdobePaperInfoRectHeightTicketKey[]  = KV_PAPER_RECT "2..n.";
+constexpr char KAdobePaperInfoRectWidthTicketKey[]   = KV_PAPER_RECT "3..n.";
+#undef KV_PAPER_RECT
+#undef KV_PAGE_FORMAT
+// clang-format on
+
+// What a row file is expanded with.
+template <std::size_t size>
+using TicketText = char[size];
+
+#define KV_KEY_CONSTANT(field, type, constant, key, ...) KV_CONSTANT_IF_GIVEN(constant, key)
+#define KV_CONSTANT_IF_GIVEN(constant, ...) \
+    __VA_OPT__(inline constexpr char constant[] = __VA_ARGS__;)
+#define KV_KEY_FIELD(field, type, ...) type field;
+#define KV_KEY_ROW(field, type, constant, key, ...) \
+    TicketRow<type>(constant, ticket.field, #field, __VA_ARGS__),
+#define KV_SHARED_KEY_ROW(text, type, constant, key, ...) \
+    TicketRow<type>(constant, text, #text, __VA_ARGS__),
+
+// The getter that a field's type implies.
+template <class Type>
+constexpr TicketGetter kGetterOf = GetTicketStringConvertedToPrtLang;
+template <>
+inline constexpr TicketGetter kGetterOf<std::int32_t> = GetTicketInteger;
+template <>
+inline constexpr TicketGetter kGetterOf<float> = GetTicketFloat;
+
+// A row that stores a value of `Type`, for which `destination` has room.
+template <class Type, class Destination>
+consteval ticketData TicketRow(const char *key, Destination &destination, const char *field,
+                               const char *values, const char *meaning,
+                               TicketGetter getter = kGetterOf<Type>) {
+    static_assert(sizeof(Type) <= sizeof(Destination));
+    return {key, &destination, sizeof(Type), getter, field, values, meaning};
+}

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 
+#include <iterator>
+
+#include "CommonSource/FilterFrame/Source/NameValidation.h"
 #include "Modules/Comment/CommentTicket.h"
 #include "Modules/Features/FeaturesCommands.h"
 #include "Modules/Features/FeaturesPostScript.h"
@@ -13,6 +16,45 @@
 #include "Modules/SpecialPage/SpecialPageTicket.h"
 #include "Modules/Watermark/WatermarkPostScript.h"
 #include "Modules/Watermark/WatermarkTicket.h"
+
+namespace {
+
+template <class Row>
+std::span<const Row> Rows(const Row *rows, std::int32_t count) {
+    return {rows, static_cast<std::size_t>(count)};
+}
+
+}  // namespace
+
+std::span<const TicketTable> TicketTables() {
+    // clang-format off
+    static const TicketTable tables[] = {
+        {"PrintType",   "Print type",              Rows(PrintTypeticketData, PrintTypeTicketDataNum)},
+        {"JBA",         "Accounting, page layout", Rows(JBAticketDataCommon, JBATicketDataNumCommon)},
+        {"JBA",         "Accounting, set by an administrator", Rows(JBAticketDataAdmin, JBATicketDataNumAdmin)},
+        {"Features",    "Output handling",         Rows(FeaturesticketData, FeaturesTicketDataNum)},
+        {"Watermark",   "Watermark",               Rows(WatermarkticketData, WatermarkTicketDataNum)},
+        {"PBind",       "Perfect binding",         Rows(PBindticketData, PBindTicketDataNum)},
+        {"Comment",     "Job information, booklet and device settings", Rows(CommentticketData, CommentTicketDataNum)},
+        {"SpecialPage", "Special pages",           Rows(SpecialPageTicketData, SpecialPageTicketDataNum)},
+        {"SpecialPage", "Special pages",           SpecialPageValueKeys},
+        {"PrintType",   "Print type",              productTypeKey},
+    };
+    // clang-format on
+    return tables;
+}
+
+std::span<const CommandTable> CommandTables() {
+    // clang-format off
+    static const CommandTable tables[] = {
+        {"PrintType", "PrintTypeFmtTable", Rows(PrintTypeFmtTable, PrintTypeFmtTableNum)},
+        {"JBA",       "JBAFmtTableAdmin",  Rows(JBAFmtTableAdmin, JBAFmtTableAdminNum)},
+        {"JBA",       "JBAFmtTableCommon", Rows(JBAFmtTableCommon, JBAFmtTableCommonNum)},
+        {"Features",  "FeaturesFmtTable",  Rows(FeaturesFmtTable, FeaturesFmtTableNum)},
+    };
+    // clang-format on
+    return tables;
+}
 
 void InializeDescriptionTableFromFilter() {
     PrintTypeInializeDescriptionTableFromFilter();

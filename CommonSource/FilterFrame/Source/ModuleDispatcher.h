@@ -5,6 +5,29 @@
 #pragma once
 
 #include <cstdio>
+#include <span>
+
+#include "CommonSource/FilterFrame/Source/CommandTable.h"
+#include "CommonSource/FilterFrame/Source/JobTicket.h"
+
+// Every ticket table, in the order in which they are read, and after them the keys that the ticket
+// is asked for one by one, whose rows have no destination.
+struct TicketTable {
+    const char *module;
+    const char *title;  // what the settings are about
+    std::span<const ticketData> rows;
+};
+std::span<const TicketTable> TicketTables();
+
+// Every command table of a module, in the order of the job header. Values and conditions are there
+// once InializeDescriptionTableFromFilter has bound them; where a condition asks for a ticket
+// value, its pointer is the destination of the value's row.
+struct CommandTable {
+    const char *module;
+    const char *name;
+    std::span<const PrtFmtEntry> rows;
+};
+std::span<const CommandTable> CommandTables();
 
 // Binds every module's tables to their lists.
 void InializeDescriptionTableFromFilter();

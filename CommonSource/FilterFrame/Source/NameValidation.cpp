@@ -20,9 +20,13 @@ const ValidateScale userNameValidateDataScaleForUTF8 = {{1, {{0x20, 0xFF}}},
 const ValidateScale docuNameValidateDataScaleForProduct03UTF8 = {{1, {{0x20, 0xFF}}},
                                                                  {1, {{0x0020, 0xFFFF}}}};
 
-namespace {
+const ticketData productTypeKey[1] = {
+    {KV_TICKET "PrintTypeProductTypeTicketKey", nullptr, 0, GetTicketInteger, "",
+     "2 = up to 12 bytes, 3 = up to 64 bytes, any other = up to 24 bytes",
+     "kind of machine: how long a document's name may be"},
+};
 
-constexpr char kProductTypeTicketKey[] = KV_TICKET "PrintTypeProductTypeTicketKey";
+namespace {
 
 constexpr ValidateRanges kByteSpaces = {1, {{0x20, 0x20}}};
 constexpr ValidateRanges kWordSpaces = {1, {{0x8140, 0x8140}}};
@@ -44,7 +48,7 @@ constexpr DocumentNameRule kOtherDocumentNameRule = {0, 24, &docuNameValidateDat
 const DocumentNameRule *RuleForProductType(char *const argv[]) {
     const TicketOptions options(argv[5]);
     std::int32_t type = 0;
-    if (!GetTicketInteger(kProductTypeTicketKey, options.count, options.list, &type, sizeof type)) {
+    if (!GetTicketInteger(productTypeKey->key, options.count, options.list, &type, sizeof type)) {
         return nullptr;
     }
     for (const DocumentNameRule &rule : kDocumentNameRules) {

@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "CommonSource/FilterFrame/Source/JobTicket.h"
+
 // One half of a validation scale: allowed ranges of one-byte or of two-byte characters.
 struct ValidateRanges {
     static constexpr std::size_t kSlots = 10;
@@ -28,6 +30,9 @@ extern const ValidateScale docuNameValidateDataScaleForProduct02;
 extern const ValidateScale docuNameValidateDataScaleForProduct03;
 extern const ValidateScale userNameValidateDataScaleForUTF8;
 extern const ValidateScale docuNameValidateDataScaleForProduct03UTF8;
+
+// The ticket's product type, for reference; without a destination.
+extern const ticketData productTypeKey[1];
 
 // The user name of a job whose own is not acceptable.
 extern const char defaultUserName[];

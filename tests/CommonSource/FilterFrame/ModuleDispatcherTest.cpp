@@ -1,17 +1,122 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The modules' commands together.
+// The modules' tables and commands together.
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <functional>
 #include <random>
+#include <set>
 
+#include "CommonSource/FilterFrame/Source/JobBuffers.h"
 #include "CommonSource/FilterFrame/Source/JobHeader.h"
 #include "Modules/SpecialPage/SpecialPageTicket.h"
 #include "support/RuledJobs.h"
 
 namespace {
+
+// ---- Tables
+
+TEST(ModuleDispatcher, EveryTicketRowIsWhole) {
+    for (const TicketTable &table : TicketTables()) {
+        EXPECT_FALSE(table.rows.empty()) << table.module;
+        for (const ticketData &row : table.rows) {
+            SCOPED_TRACE(row.key);
+            EXPECT_STRNE(row.key, "");
+            EXPECT_STRNE(row.values, "");
+            EXPECT_STRNE(row.meaning, "");
+            EXPECT_TRUE(std::any_of(
+                std::begin(ticketGetterNames), std::end(ticketGetterNames),
+                [&](const TicketGetterName &known) { return known.getter == row.getter; }));
+            EXPECT_EQ(row.size > 0, row.destination != nullptr);
+            EXPECT_EQ(*row.field != '\0', row.destination != nullptr);
+        }
+    }
+}
+
+TEST(ModuleDispatcher, NoTwoTicketRowsShareAByte) {
+    std::map<const char *, const ticketData *> places;
+    for (const TicketTable &table : TicketTables()) {
+        for (const ticketData &row : table.rows) {
+            if (!row.destination) continue;
+            EXPECT_TRUE(places.emplace(static_cast<const char *>(row.destination), &row).second)
+                << row.key;
+        }
+    }
+    const char *end = nullptr;
+    for (const auto &[place, row] : places) {
+        EXPECT_TRUE(std::less_equal<>()(end, place)) << row->key;
+        end = place + row->size;
+    }
+}
+
+// Each key alone changes its own destinations and leaves every other as an empty ticket does.
+TEST(ModuleDispatcher, EachKeyFillsItsFieldsAlone) {
+    const auto read = [](std::string options) {
+        char empty[] = "";
+        char *argv[] = {empty, empty, empty, empty, empty, options.data(), nullptr};
+        std::map<const ticketData *, std::string> fields;
+        for (const TicketTable &table : TicketTables()) {
+            if (!table.rows[0].destination) continue;
+            GetTicketFromArray(argv, table.rows.data(), static_cast<int>(table.rows.size()));
+            for (const ticketData &row : table.rows) {
+                fields[&row].assign(static_cast<const char *>(row.destination),
+                                    static_cast<std::size_t>(row.size));
+            }
+        }
+        return fields;
+    };
+    const auto before = read("");
+    for (const auto &[given, unused] : before) {
+        const auto after = read(std::string(given->key) + "=7");
+        for (const auto &[row, bytes] : after) {
+            const std::string key = given->key;
+            // Rows and columns stand in for the number of pages on a sheet.
+            const bool own =
+                row->key == key ||
+                (row->key == std::string(kNumberUpTicketKey) &&
+                 row->field != std::string("StdLayoutInfo") &&
+                 (key == kLayoutRowCountTicketKey || key == kLayoutColumnCountTicketKey));
+            EXPECT_EQ(bytes != before.at(row), own) << key << " and " << row->field;
+        }
+    }
+}
+
+TEST(ModuleDispatcher, EveryCommandRowIsWhole) {
+    InializeDescriptionTable();
+    std::vector<std::string> names;
+    for (const CommandTable &table : CommandTables()) {
+        for (const PrtFmtEntry &row : table.rows) {
+            EXPECT_STRNE(row.meaning, "") << row.name;
+            names.push_back(row.name);
+        }
+    }
+    std::vector<std::string> ruled;
+    for (const CommandRule &rule : AllRules()) ruled.push_back(rule.row);
+    EXPECT_EQ(names, ruled);
+}
+
+// What a condition asks for is a ticket value or one of the job's texts, so that a tool can say
+// which.
+TEST(ModuleDispatcher, ConditionsAskForTicketValuesOrTextsOfTheJob) {
+    InializeDescriptionTable();
+    std::set<const void *> known = {StdUserName, StdDocumentName, PTStdDocumentName, HostNameStr};
+    for (const TicketTable &table : TicketTables()) {
+        for (const ticketData &row : table.rows) known.insert(row.destination);
+    }
+    for (const CommandTable &table : CommandTables()) {
+        for (const PrtFmtEntry &row : table.rows) {
+            for (std::uint32_t k = 0; k < row.comparationPara->num; k++) {
+                const CommandValue &value = row.comparationPara->items[k].value;
+                EXPECT_TRUE(known.contains(value.pointer)) << row.name << ": " << value.name;
+            }
+        }
+    }
+}
+
+// ---- Commands
 
 const std::map<std::string, std::string> kPrintTypeTicket = {
     {"PrintTypeTicketKey", "2"},

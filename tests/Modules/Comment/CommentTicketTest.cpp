@@ -51,8 +51,7 @@ TEST_F(CommentTicket, ReadsTheseKeysInThisOrder) {
         {"com.apple.print.PrintSettings.PMLayoutDirection..n.", &job.layoutDirection, 4,
          GetTicketInteger},
     };
-    ASSERT_EQ(std::size(expected), 13U);
-    ASSERT_EQ(CommentTicketDataNum, 13);
+    ASSERT_EQ(std::size(expected), std::size_t(CommentTicketDataNum));
     for (std::size_t i = 0; i < std::size(expected); i++) {
         SCOPED_TRACE(expected[i].key);
         EXPECT_STREQ(CommentticketData[i].key, expected[i].key);

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "support/TableChecks.h"
 #include "support/TicketFields.h"
 
 namespace {
@@ -34,11 +33,6 @@ TEST(FeaturesTicket, EachKeyFillsItsField) {
         {"com.korvell.tav.printsettings.whetherMediaTypeTabTicket",       ticket.whetherMediaTypeTab},
     });
     // clang-format on
-}
-
-TEST(FeaturesTicket, RowsStayInTheirFields) {
-    ExpectTicketRows({FeaturesticketData, 19}, &ticket, sizeof ticket);
-    EXPECT_EQ(FeaturesTicketDataNum, 19);
 }
 
 }  // namespace

@@ -3,10 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
-
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
-#include "support/TableChecks.h"
 #include "support/TicketFields.h"
 
 namespace {
@@ -84,14 +81,6 @@ TEST(JBATicket, RemembersThatAUserIDIsAbsent) {
     EXPECT_EQ(ticket.userIDAbsent, 0);
     ReadTicket(JBAGetTicketFromPDE, "");
     EXPECT_EQ(ticket.userIDAbsent, 1);
-}
-
-TEST(JBATicket, RowsStayInTheirFields) {
-    EXPECT_EQ(offsetof(JBAOptions, hostName), 0u);
-    ExpectTicketRows({JBAticketDataCommon, 36}, &ticket, sizeof ticket);
-    ExpectTicketRows({JBAticketDataAdmin, 9}, &ticket, sizeof ticket);
-    EXPECT_EQ(JBATicketDataNumCommon, 36);
-    EXPECT_EQ(JBATicketDataNumAdmin, 9);
 }
 
 }  // namespace

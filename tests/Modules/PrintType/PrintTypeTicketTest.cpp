@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "support/TableChecks.h"
 #include "support/TicketFields.h"
 
 namespace {
@@ -23,11 +22,6 @@ TEST(PrintTypeTicket, EachKeyFillsItsField) {
         {"com.korvell.tav.printsettings.PrintTypeMBNPasswordTicketKey", ticket.mailboxPassword, 30},
     });
     // clang-format on
-}
-
-TEST(PrintTypeTicket, RowsStayInTheirFields) {
-    ExpectTicketRows({PrintTypeticketData, 8}, &ticket, sizeof ticket);
-    EXPECT_EQ(PrintTypeTicketDataNum, 8);
 }
 
 }  // namespace

@@ -30,8 +30,8 @@ TEST(SpecialPageTicket, TableHasTheKeysInTheirOrder) {
     const void *const fields[] = {&psOptionSpecialPage.coverCount,
                                   &psOptionSpecialPage.insertionCount,
                                   &psOptionSpecialPage.exceptionCount};
-    ASSERT_EQ(SpecialPageTicketDataNum, 3);
-    for (std::size_t i = 0; i < 3; i++) {
+    ASSERT_EQ(std::size(keys), std::size_t(SpecialPageTicketDataNum));
+    for (std::size_t i = 0; i < std::size(keys); i++) {
         EXPECT_STREQ(SpecialPageTicketData[i].key, keys[i]);
         EXPECT_EQ(SpecialPageTicketData[i].destination, fields[i]);
         EXPECT_EQ(SpecialPageTicketData[i].size, 4);
