@@ -6,11 +6,11 @@
 // A ticket table is a row file, Modules/<Module>/<Module>Ticket.def. Nothing about a key stands
 // elsewhere; an entry is
 //
-//     KV_KEY(password, TicketText<17>, kPrintTypePasswordTicketKey, KV_TICKET
+//     KV_KEY(password, TextField<17>, kPrintTypePasswordTicketKey, KV_TICKET
 //     "PrintTypePasswordTicketKey",
 //            "text", "password of a secure print")
 //
-// the field, its type (std::int32_t, float or TicketText<bytes>), the key's constant, the key, what
+// the field, its type (std::int32_t, float or TextField<bytes>), the key's constant, the key, what
 // may be given and what it means; then the getter, where it is not the one that the type implies.
 // The key itself is left out where its constant has one already, below or in another entry.
 // KV_SHARED_KEY is the same for a text of JobBuffers.h in place of a field of the record.
@@ -124,7 +124,7 @@ constexpr char KAdobePaperInfoRectWidthTicketKey[]   = KV_PAPER_RECT "3..n.";
 
 // What a row file is expanded with.
 template <std::size_t size>
-using TicketText = char[size];
+using TextField = char[size];
 
 #define KV_KEY_CONSTANT(field, type, constant, key, ...) KV_CONSTANT_IF_GIVEN(constant, key)
 #define KV_CONSTANT_IF_GIVEN(constant, ...) \
