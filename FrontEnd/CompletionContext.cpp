@@ -65,7 +65,7 @@ void ReplaceKey(CompletionContext &context, std::string_view key, const char *va
 bool AddText(CompletionContext &context, std::string_view key, std::string_view text,
              std::size_t size) {
     if (TicketValue(context, key)) return true;
-    const TicketText made = MakeTicketText(text, size);
+    const PrinterText made = MakePrinterText(text, size);
     if (made.changed && context.secret) {
         Note(
             context, TicketNotice::Refused,
@@ -79,7 +79,7 @@ bool AddText(CompletionContext &context, std::string_view key, std::string_view 
     }
     if (made.changed)
         Note(context, TicketNotice::Changed, "is \"" + made.shown + "\" for the printer");
-    AddKey(context, key, made.value);
+    AddKey(context, key, TicketValueOf(made));
     return true;
 }
 

@@ -58,36 +58,33 @@ bool PrinterReadsLatin1() {
     return JobPPDAttributeIs(KPPDPrinterLanguageEncodingKey, "ISO-8859-1");
 }
 
-TicketText MakeTicketText(std::string_view text, std::size_t size) {
+PrinterText MakePrinterText(std::string_view text, std::size_t size) {
     const bool utf8 = PrinterReadsUTF8();
-    TicketText made{"", "", false};
-    std::size_t used = 0;
     const std::vector<cups_utf32_t> characters = Characters(text);
-    made.changed = characters.empty() && !text.empty();
+    PrinterText made{"", "", characters.empty() && !text.empty()};
     for (cups_utf32_t character : characters) {
-        if (character == '"') {
-            character = '\'';
-            made.changed = true;
-        }
+        made.changed |= character == '"';
+        if (character == '"') character = '\'';
         const std::string letter = UTF8(character);
-        const std::size_t bytes = utf8 ? letter.size() : 1;
-        const bool known =
-            !IsControl(character) && !letter.empty() && (utf8 || character <= kLastOfLatin1);
-        if (!known || used + bytes > size) {
+        if (IsControl(character) || letter.empty() || !(utf8 || character <= kLastOfLatin1)) {
             made.changed = true;
-            if (known) break;
             continue;
         }
-        used += bytes;
+        const std::string bytes = utf8 ? letter : std::string(1, static_cast<char>(character));
+        if (made.bytes.size() + bytes.size() > size) {
+            made.changed = true;
+            break;
+        }
         made.shown += letter;
-        made.value += utf8 ? AsLatin1Characters(letter) : letter;
-    }
-    // The getters would take a text that begins with a slash for slash-coded.
-    if (made.value.starts_with('/')) {
-        made.changed |= made.value.size() > kMostSlashCoded;
-        made.value = SlashCoded(made.value);
+        made.bytes += bytes;
     }
     return made;
+}
+
+std::string TicketValueOf(const PrinterText &text) {
+    const std::string value = AsLatin1Characters(text.bytes);
+    // The getters would take a text that begins with a slash for slash-coded.
+    return value.starts_with('/') ? SlashCoded(value) : value;
 }
 
 std::string SlashCoded(std::string_view text) {

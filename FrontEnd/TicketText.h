@@ -8,16 +8,18 @@
 #include <string>
 #include <string_view>
 
-struct TicketText {
-    std::string
-        value;  // for the option string; the ticket's getters make the printer's bytes of it
+struct PrinterText {
+    std::string bytes;  // in the printer's encoding
     std::string shown;  // the same for people, in UTF-8
     bool changed;       // something of the text was left out, replaced or cut
 };
 
-// `text` is UTF-8; the printer gets at most `size` bytes of it. Quotation marks become apostrophes;
+// What the printer gets of `text`, UTF-8: at most `size` bytes. Quotation marks become apostrophes;
 // control characters and what the printer's encoding lacks are left out.
-TicketText MakeTicketText(std::string_view text, std::size_t size);
+PrinterText MakePrinterText(std::string_view text, std::size_t size);
+
+// The same as a value of the option string, of which the ticket's getters make the bytes.
+std::string TicketValueOf(const PrinterText &text);
 
 // `text` as its bytes, which the getters decode: "/72/105" for "Hi". Four characters a byte, so
 // what exceeds kMostSlashCoded bytes is cut: the getters read 1023.

@@ -21,6 +21,7 @@
 #include "FrontEnd/Client.h"
 #include "FrontEnd/CompleteTicket.h"
 #include "FrontEnd/FrontEnd.h"
+#include "FrontEnd/JobNames.h"
 #include "FrontEnd/Messages.h"
 
 void SignalHandler(int) {
@@ -74,6 +75,7 @@ int RunJob(int argc, char *argv[]) {
     std::signal(SIGPIPE, SignalPipeHandler);
     SetNames(argv);
     FindFrontEnd(argv[5]);
+    if (FrontEndIsCUPS()) SetJobNamesForCUPS(argv[2], argv[3]);
     InializeDescriptionTable();
     OpenJobCopy();
     FindClient();
