@@ -19,15 +19,17 @@ namespace {
 constexpr std::string_view kTicketPrefix = KV_TICKET;
 constexpr std::string_view kCollate = "collate";
 
-bool IsSecret(std::string_view name) {
-    return name.find("assword") != std::string_view::npos;
+Discretion DiscretionOf(std::string_view name) {
+    const ShortOption *row = FindShortOption(name);
+    if (row) return DiscretionOf(*row);
+    return name.find("assword") == std::string_view::npos ? Discretion::Open : Discretion::Password;
 }
 
 void AddJobOptions(CompletionContext &context) {
     for (const JobOption &option : context.job) {
         const TicketSource source = option.derived ? TicketSource::IPPAttribute : TicketSource::Job;
-        context.ticket.entries.push_back(
-            {option.name, option.value, source, option.name, option.value, IsSecret(option.name)});
+        context.ticket.entries.push_back({option.name, option.value, source, option.name,
+                                          option.value, DiscretionOf(option.name)});
     }
     for (const std::string &name : context.resolved) {
         for (TicketEntry &entry : context.ticket.entries) {
@@ -67,14 +69,15 @@ void Complete(CompletionContext &context) {
 
 // "Key=value (source option=given)": the key without what all of the dialog's begin with.
 std::string Provenance(const TicketEntry &entry) {
+    const bool open = entry.discretion == Discretion::Open;
     std::string_view key = entry.key;
     if (key.starts_with(kTicketPrefix)) key.remove_prefix(kTicketPrefix.size());
     std::string line(key);
-    line.append("=").append(entry.secret ? "****" : entry.value);
+    line.append("=").append(open ? entry.value : "****");
     line.append(" (").append(TicketSourceName(entry.source));
     if (entry.option != entry.key) {
         line.append(" ").append(entry.option);
-        if (!entry.given.empty()) line.append("=").append(entry.secret ? "****" : entry.given);
+        if (!entry.given.empty()) line.append("=").append(open ? entry.given : "****");
     }
     return line + ")";
 }

@@ -21,6 +21,9 @@ enum class TicketSource { Job, ShortOption, IPPAttribute, QueueDefault, Resolved
 // The source in words, as the messages have it: "job", "short option"...
 const char *TicketSourceName(TicketSource source);
 
+// What of a value messages may not show.
+enum class Discretion { Open, Name, Password };  // nothing; who prints what; a password
+
 // One key of the complete ticket, and why it is there.
 struct TicketEntry {
     std::string key;
@@ -28,14 +31,15 @@ struct TicketEntry {
     TicketSource source;
     std::string option;  // the option that caused it: the key itself, "KVPrintMode", "finishings"
     std::string given;   // that option's value in UTF-8, as it was given
-    bool secret;         // a password: neither value nor given may be shown
+    Discretion discretion;
 };
 
 // Something that the user asked for and did not get as asked.
 struct TicketNotice {
     enum Kind { Dropped, Changed, Resolved, Unknown, Refused } kind;
     std::string option;
-    std::string text;  // one line, names option, value and what is allowed; no password in it
+    std::string
+        text;  // one line, names option, value and what is allowed; no name or password in it
 };
 
 struct CompletedTicket {
@@ -52,5 +56,5 @@ struct CompletedTicket {
 CompletedTicket CompleteTicket(char *const argv[]);
 
 // Tells the administrator: a warning for each notice (an error for what refuses the job), a debug
-// line for each key that was added and where it came from, passwords masked.
+// line for each key that was added and where it came from, names and passwords masked.
 void ReportCompletion(const CompletedTicket &ticket);

@@ -35,11 +35,11 @@ const char *ShortOptionValue(const CompletionContext &context, std::string_view 
 }
 
 void BeginOption(CompletionContext &context, TicketSource source, std::string_view option,
-                 std::string_view given, bool secret) {
+                 std::string_view given, Discretion discretion) {
     context.source = source;
     context.option = option;
     context.given = given;
-    context.secret = secret;
+    context.discretion = discretion;
 }
 
 const char *TicketValue(const CompletionContext &context, std::string_view key) {
@@ -52,8 +52,10 @@ const char *TicketValue(const CompletionContext &context, std::string_view key) 
 
 void AddKey(CompletionContext &context, std::string_view key, std::string_view value) {
     if (TicketValue(context, key)) return;
+    // The value is none of the user's words; what it comes from may be a name or a password.
+    const bool open = context.discretion == Discretion::Open;
     context.ticket.entries.push_back({std::string(key), std::string(value), context.source,
-                                      context.option, context.given, context.secret});
+                                      context.option, open ? context.given : "", Discretion::Open});
 }
 
 void ReplaceKey(CompletionContext &context, std::string_view key, const char *value) {
@@ -66,7 +68,7 @@ bool AddText(CompletionContext &context, std::string_view key, std::string_view 
              std::size_t size) {
     if (TicketValue(context, key)) return true;
     const PrinterText made = MakePrinterText(text, size);
-    if (made.changed && context.secret) {
+    if (made.changed && context.discretion == Discretion::Password) {
         Note(
             context, TicketNotice::Refused,
             "has more than " + std::to_string(size) +
@@ -77,9 +79,12 @@ bool AddText(CompletionContext &context, std::string_view key, std::string_view 
         Note(context, TicketNotice::Dropped, "has no letters that the printer knows");
         return false;
     }
-    if (made.changed)
-        Note(context, TicketNotice::Changed, "is \"" + made.shown + "\" for the printer");
-    AddKey(context, key, TicketValueOf(made));
+    if (made.changed) {
+        Note(context, TicketNotice::Changed,
+             "loses letters or quotation marks that the printer does not know, or is too long");
+    }
+    context.ticket.entries.push_back({std::string(key), TicketValueOf(made), context.source,
+                                      context.option, context.given, context.discretion});
     return true;
 }
 
@@ -88,6 +93,7 @@ void Note(CompletionContext &context, TicketNotice::Kind kind, std::string_view 
     if (kind == TicketNotice::Refused) ticket.refused = true;
     if (ticket.notices.size() >= kMostNotices && kind != TicketNotice::Refused) return;
     std::string text = context.option;
-    if (!context.secret && !context.given.empty()) text += "=" + context.given;
+    const bool open = context.discretion == Discretion::Open;
+    if (open && !context.given.empty()) text += "=" + context.given;
     ticket.notices.push_back({kind, context.option, text.append(" ").append(why)});
 }

@@ -33,7 +33,7 @@ struct CompletionContext {
     std::string option{};
     std::string given{};
     TicketSource source = TicketSource::Job;
-    bool secret = false;
+    Discretion discretion = Discretion::Open;
 
     CompletedTicket ticket{};
 };
@@ -51,7 +51,7 @@ const ShortValue *FindShortValue(const CompletionContext &context, std::string_v
 
 // Says that the keys added from now on come from `option`, given as `given`.
 void BeginOption(CompletionContext &context, TicketSource source, std::string_view option,
-                 std::string_view given, bool secret = false);
+                 std::string_view given, Discretion discretion = Discretion::Open);
 
 // The value that the ticket has for `key` by now, or null.
 const char *TicketValue(const CompletionContext &context, std::string_view key);
@@ -68,6 +68,6 @@ bool AddText(CompletionContext &context, std::string_view key, std::string_view 
 // Adds a key in place of what the ticket has for it; a null value only takes that away.
 void ReplaceKey(CompletionContext &context, std::string_view key, const char *value);
 
-// Notes something about the option that keys are being added for: "KVInsert=3: " + `why`. A value
-// that is secret is left out.
+// Notes something about the option that keys are being added for: "KVInsert=3: " + `why`. A name
+// or a password is left out.
 void Note(CompletionContext &context, TicketNotice::Kind kind, std::string_view why);

@@ -133,7 +133,8 @@ void AddCopies(CompletionContext &context) {
 void RefuseForeignPassword(CompletionContext &context) {
     const char *password = JobValue(context, "job-password");
     if (!password || !*password) return;
-    BeginOption(context, TicketSource::IPPAttribute, "job-password", password, true);
+    BeginOption(context, TicketSource::IPPAttribute, "job-password", password,
+                Discretion::Password);
     const char *encryption = JobValue(context, "job-password-encryption");
     if (encryption && !SameName(encryption, "none")) {
         Note(context, TicketNotice::Refused, "is encrypted, which the printer does not take");

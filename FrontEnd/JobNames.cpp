@@ -35,10 +35,12 @@ void SetUserName(const char *user) {
     const std::string charged = MakePrinterText(user, sizeof StdJBAUserName - 1).bytes;
     CopyBounded(StdJBAUserName, readable ? charged.c_str() : defaultUserName);
     if (!readable) {
-        ReportWarning(std::string("user=") + user + " is charged as " + defaultUserName +
-                      ": the printer does not know its letters");
+        ReportWarning(std::string("the printer does not know the letters of the user's name: ") +
+                      defaultUserName + " is charged");
     } else if (name.changed) {
-        ReportWarning(std::string("user=") + user + " is \"" + name.shown + "\" for the printer");
+        ReportWarning(
+            "the user's name loses letters or quotation marks that the printer does not know, or "
+            "is too long");
     }
 }
 

@@ -53,11 +53,11 @@ bool GivenForJob(const CompletionContext &context, const char *name) {
 
 void Begin(CompletionContext &context, const char *name) {
     const ShortValue *value = FindShortValue(context, name);
-    const bool secret = FindShortOption(name)->own == OwnValue::Secret;
+    const Discretion discretion = DiscretionOf(*FindShortOption(name));
     if (value) {
-        BeginOption(context, value->source, value->option, value->given, secret);
+        BeginOption(context, value->source, value->option, value->given, discretion);
     } else {
-        BeginOption(context, TicketSource::ShortOption, name, "", secret);
+        BeginOption(context, TicketSource::ShortOption, name, "", discretion);
     }
 }
 
@@ -203,7 +203,6 @@ void AddPrintMode(CompletionContext &context) {
     const ShortValue *mode = FindShortValue(context, kPrintMode);
     if (type != kNormal || (mode && mode->source != TicketSource::QueueDefault)) {
         Begin(context, option);
-        if (context.secret) context.secret = false, context.given.clear();
         AddKey(context, kPrintTypeTicketKey, std::to_string(type));
     }
     AddKeysOf(context, type);

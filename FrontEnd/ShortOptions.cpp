@@ -85,7 +85,7 @@ bool Take(CompletionContext &context, std::size_t row, TicketSource source, cons
         found.isGiven = true;
         return true;
     }
-    BeginOption(context, source, option, value, shortOption.own == Secret);
+    BeginOption(context, source, option, value, DiscretionOf(shortOption));
     Note(context, TicketNotice::Dropped,
          "is not understood; allowed: " + AllowedValues(shortOption));
     if (IsConfidentialOption(shortOption.name)) {
@@ -115,6 +115,12 @@ bool UnderstandShortOption(const ShortOption &row, std::string_view value,
     if (!UnderstandOwnValue(row, value)) return false;
     understood = value;
     return true;
+}
+
+Discretion DiscretionOf(const ShortOption &row) {
+    return row.own == Secret ? Discretion::Password
+           : row.own == Name ? Discretion::Name
+                             : Discretion::Open;
 }
 
 std::string AllowedValues(const ShortOption &row) {
@@ -153,7 +159,7 @@ void AddShortOptions(CompletionContext &context) {
         const char *value = ShortOptionValue(context, option.name);
         if (!value) continue;
         const ShortValue &found = context.shortValues[row];
-        BeginOption(context, found.source, found.option, found.given, option.own == Secret);
+        BeginOption(context, found.source, found.option, found.given, DiscretionOf(option));
         if (option.expand) {
             option.expand(value, context);
         } else {

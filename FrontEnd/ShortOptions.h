@@ -14,6 +14,7 @@
 enum class OwnValue {
     None,    // nothing
     Text,    // text of `least` to `most` bytes
+    Name,    // the same, of a person or a document
     Secret,  // the same, a password
     Whole,   // whole number from `least` to `most`
 };
@@ -47,6 +48,9 @@ const ShortOption *FindShortOption(std::string_view name);
 // Whether the row allows `value`. Stores it as the row spells it: one of the choices, or a value of
 // one's own without "Custom.".
 bool UnderstandShortOption(const ShortOption &row, std::string_view value, std::string &understood);
+
+// What of its values messages may not show.
+Discretion DiscretionOf(const ShortOption &row);
 
 // What the row allows, in words: "Default, Off or a number from 1 to 99".
 std::string AllowedValues(const ShortOption &row);

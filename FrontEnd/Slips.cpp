@@ -80,10 +80,11 @@ void NoteSlips(CompletionContext &context) {
         std::size_t distance = 0;
         const char *nearest = Nearest(names, option.name, distance);
         if (!ours && distance > 1) continue;
+        const ShortOption *meant = nearest ? FindShortOption(nearest) : nullptr;
         if (slips++ == kMostSlips) return;
-        // What was meant to be a password is none of the log's business.
+        // What was meant to be a name or a password is none of the log's business.
         BeginOption(context, TicketSource::Job, option.name, option.value,
-                    nearest && IsConfidentialOption(nearest));
+                    meant ? DiscretionOf(*meant) : Discretion::Open);
         if (!nearest) {
             Note(context, TicketNotice::Unknown, "is no option of this queue");
             continue;
