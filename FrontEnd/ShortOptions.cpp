@@ -10,6 +10,8 @@
 #include "FrontEnd/PrintMode.h"
 #include "FrontEnd/QueueDefaults.h"
 #include "FrontEnd/ShortOptionFunctions.h"
+#include "FrontEnd/SpecialPageOptions.h"
+#include "FrontEnd/WatermarkOptions.h"
 
 using enum OwnValue;
 
