@@ -59,8 +59,8 @@ void JobDecoder::TakeLines() {
 
 void JobDecoder::TakeLine(std::string_view line, std::uint64_t offset) {
     // Of a trailer that is cut off, nothing is left worth showing.
-    if (isOver_ && state_ != State::kStart && line.size() < kTrailer.size() &&
-        line.starts_with(kExitLanguage) && kTrailer.starts_with(line)) {
+    if (isOver_ && state_ != State::kStart && line.starts_with(kExitLanguage) &&
+        kTrailer.starts_with(line) && !IsTrailer(line)) {
         return;
     }
     switch (state_) {
@@ -120,14 +120,14 @@ void JobDecoder::TakeHeaderPiece(std::string_view piece, std::uint64_t offset) {
 
 void JobDecoder::TakeHeaderLine(JobLine line) {
     const PJLLine parsed = ParsePJL(line.text);
-    if (parsed.name.empty()) {
+    if (parsed.name.empty() && !(isOver_ && line.isPartial)) {
         Report(kProblemNoPJL, line.offset, "a line of the header is no PJL: " + Quoted(line.text));
     } else if (line.isPartial) {
         ReportPartial(line);
     } else {
         CheckGivenOnce(line);
     }
-    if (parsed.name == "ENTER") TakeSwitch(line);
+    if (parsed.name == "ENTER" && !line.isPartial) TakeSwitch(line);
     if (job_.header.size() < kMostLines) {
         line.text.resize(std::min(line.text.size(), kKeptBytes));
         job_.header.push_back(std::move(line));
@@ -188,10 +188,12 @@ void JobDecoder::TakeCopiedLine(std::string_view line, std::uint64_t offset) {
 
 void JobDecoder::TakeDocumentLine(std::string_view line, std::uint64_t offset) {
     if (IsTrailer(line)) return TakeTrailer(line, offset);
-    if (line.starts_with(kExitLanguage) || line.starts_with("@PJL ")) {
+    const bool isPJL = line.starts_with(kExitLanguage) || line.starts_with("@PJL ");
+    if (isPJL && !isAmongPJL_) {
         Report(kProblemPJLInDocument, offset,
                "PJL stands in the document: " + Quoted(WithoutLineEnd(line)));
     }
+    if (!WithoutLineEnd(line).empty()) isAmongPJL_ = isPJL;
     JobDocument &document = job_.document;
     if (!document.present) document.offset = offset;
     document.present = true;
@@ -225,7 +227,8 @@ void JobDecoder::CheckDocument() {
     if (isEmpty) {
         Report(kProblemNoDocument, job_.trailerOffset,
                job_.hasSwitch ? "the document is empty" : "the job has no document");
-    } else if (!text.starts_with(kPostScript)) {
+    } else if (!text.starts_with(kPostScript) &&
+               !(isOver_ && !job_.hasTrailer && kPostScript.starts_with(text))) {
         const char *name = NameOfData(text);
         Report(kProblemNoPostScript, document.offset,
                "the document is no PostScript, but " +

@@ -49,7 +49,8 @@ class JobDecoder {
     std::function<void(std::string_view)> documentTaker_;
     LineCutter cutter_;
     State state_ = State::kStart;
-    bool isOver_ = false;  // nothing more will come
+    bool isOver_ = false;      // nothing more will come
+    bool isAmongPJL_ = false;  // the line before, of the document, is PJL
     DecodedJob job_;
     DocumentNotes notes_;
     std::unique_ptr<SpecialPagesReader> specialPages_;

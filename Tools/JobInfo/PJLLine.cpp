@@ -65,9 +65,11 @@ PJLLine ParseSet(std::string_view text) {
 }
 
 PJLLine ParseComment(std::string_view text) {
-    if (TakeWord(text, "") != "KVJOBINFO") return {kPJLCommand, "COMMENT", text, nullptr};
-    PJLLine line{kPJLComment, TakeWord(text, "="), {}, nullptr};
-    line.value = TakeValue(text);
+    std::string_view rest = text;
+    SkipBlanks(text);
+    if (TakeWord(rest, "") != "KVJOBINFO") return {kPJLCommand, "COMMENT", text, nullptr};
+    PJLLine line{kPJLComment, TakeWord(rest, "="), {}, nullptr};
+    line.value = TakeValue(rest);
     return line;
 }
 

@@ -12,6 +12,8 @@ namespace {
 constexpr std::size_t kMostPages = 1000;  // that are kept
 constexpr std::size_t kLongestText = 200;
 
+constexpr std::string_view kValue = "value";  // an element of a list, or a range in one
+
 // What holds a special page each: the element itself, or each value of a list.
 struct PageElement {
     std::string_view name;
@@ -79,8 +81,10 @@ void SpecialPagesReader::Read(const char *bytes, std::size_t size, bool isLast) 
 void SpecialPagesReader::OnStart(void *reader, const char *name, const char **) {
     auto &self = *static_cast<SpecialPagesReader *>(reader);
     self.text_.clear();
+    if (kValue == name) self.depth_++;
     if (!FindPageElement(name)) return;
     self.list_ = name;
+    self.depth_ = 0;
     self.words_.clear();
 }
 
@@ -115,7 +119,8 @@ void SpecialPagesReader::OnEnd(void *reader, const char *name) {
 
     const PageElement *page = FindPageElement(self.list_);
     const bool isCover = page && page->name.starts_with("cover");
-    const bool ends = isCover ? element == self.list_ : element == "value" && !self.words_.empty();
+    if (element == kValue) self.depth_--;
+    const bool ends = isCover ? element == self.list_ : element == kValue && self.depth_ == 0;
     if (!page || !ends) return;
     if (self.pages_.pages.size() < kMostPages)
         self.pages_.pages.push_back({page->what, self.words_});

@@ -34,6 +34,7 @@ class SpecialPagesReader {
     XML_ParserStruct *parser_;
     std::string error_;
     std::string list_;           // the list of elements that the reader is in: "insert-sheet"
+    int depth_ = 0;              // values within values that the reader is in
     std::string text_;           // of the element that the reader is in
     std::string words_;          // what the special page says so far
     std::string lower_, upper_;  // bounds of the range that was read last

@@ -1,0 +1,271 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Tools/JobInfo/JobDecoder.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+const std::string kSpecialPages =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+    "<!DOCTYPE kpif SYSTEM \"kpif-v02030a.dtd\">\n"
+    "<kpif version=\"1.0\">\n<job-template-attributes>\n"
+    "<cover-front syntax=\"collection\"><cover-type>front</cover-type><media-col>"
+    "<media-type>Thick</media-type></media-col></cover-front>\n"
+    "<insert-sheet><value><insert-after-page-number>3</insert-after-page-number>"
+    "<insert-count>2</insert-count><media-col><media-color>blue</media-color><media-size>"
+    "<x-dimension>2100</x-dimension><y-dimension>2970</y-dimension></media-size>"
+    "<media-type>thin</media-type></media-col></value></insert-sheet>\n"
+    "<page-overrides><value><input-documents><value><lower-bound>1</lower-bound>"
+    "<upper-bound>2</upper-bound></value></input-documents><pages><value>"
+    "<lower-bound>4</lower-bound><upper-bound>9</upper-bound></value></pages>"
+    "<sides>one-sided</sides><media-col><media-type>Tab</media-type></media-col></value>"
+    "</page-overrides>\n"
+    "</job-template-attributes>\n</kpif>\n";
+const std::string kHeader =
+    "\x1b%-12345X@PJL JOB MODE=PRINTER\r\n"
+    "@PJL SET HOLDENCRYPTKEY=\"1234\"\r\n"
+    "@PJL SET JOBATTR=\"@LUNA=alice\"\n"
+    "@PJL SET RENDERMODE=COLOR\n";
+const std::string kSwitch = "@PJL ENTER LANGUAGE=POSTSCRIPT\n";
+const std::string kDocument =
+    "%!PS-Adobe-3.0\n%%Title: (A Report)\n%%Creator: kvfilter\n%%Pages: (atend)\n%%EndComments\n"
+    "%%BeginProlog\nuserdict/kvxInfo 2 dict dup begin\n%%EndProlog\n"
+    "%%Page: 1 1\r%%BeginPageSetup\n%%EndPageSetup\nkvxbp\npgsave restore /pgsave save store "
+    "gsave\n"
+    "ep\n%%BeginDocument: x\n%%Title: other\n%%Page: 1 1\n%%EndDocument\n"
+    "%%Page: 2 2\nkvxbp\npgsave restore /pgsave save store gsave\nep\n"
+    "[{\n%%BeginNonPPDFeatures\n1 dict dup/SeparatorPages[2]put/Custom/ProcSet findresource"
+    "/setcoverseparator get exec\n%%EndNonPPDFeatures\n} stopped cleartomark\n"
+    "%%Trailer\n%%Pages: 2\n%%EOF\n";
+const std::string kTrailer = "\x1b%-12345X@PJL EOJ\n";
+const std::string kPlainJob = kHeader + kSwitch + kDocument + "\x04" + kTrailer;
+const std::string kJob = kSpecialPages + kPlainJob;
+
+struct Decoded {
+    explicit Decoded(const std::string &bytes, std::size_t step = 0)
+        : decoder([this](std::string_view piece) { document += piece; }) {
+        if (step == 0) step = bytes.size() + 1;
+        for (std::size_t i = 0; i < bytes.size(); i += step) decoder.Feed(bytes.substr(i, step));
+        job = decoder.Finish();
+    }
+    // The names of the problems, one after another.
+    std::string Problems() const {
+        std::string names;
+        for (const Problem &problem : job.problems) {
+            names += std::string(ProblemName(problem.kind)) + " ";
+        }
+        return names;
+    }
+    std::string document;
+    JobDecoder decoder;
+    DecodedJob job;
+};
+
+TEST(JobDecoder, TakesAJobApart) {
+    for (const std::size_t step : {0, 1, 7, 1000}) {
+        const Decoded decoded(kJob, step);
+        const DecodedJob &job = decoded.job;
+        EXPECT_EQ(decoded.Problems(), "");
+        EXPECT_EQ(job.kind, DecodedJob::kJob);
+        EXPECT_EQ(job.size, kJob.size());
+        EXPECT_EQ(job.specialPages.size, kSpecialPages.size());
+        ASSERT_EQ(job.header.size(), 5U);
+        EXPECT_EQ(job.header[1].text, "@PJL SET HOLDENCRYPTKEY=\"1234\"");
+        EXPECT_EQ(job.header[1].end, JobLine::kReturnAndFeed);
+        EXPECT_EQ(job.header[2].end, JobLine::kLineFeed);
+        EXPECT_EQ(job.header[2].offset, kJob.find("@PJL SET JOBATTR"));
+        EXPECT_TRUE(job.hasSwitch);
+        EXPECT_TRUE(job.hasTrailer);
+        EXPECT_EQ(job.trailerOffset, kJob.size() - kTrailer.size());
+        EXPECT_EQ(decoded.document, kDocument + "\x04");
+    }
+}
+
+TEST(JobDecoder, ReadsTheDocument) {
+    const Decoded decoded(kJob);
+    const JobDocument &document = decoded.job.document;
+    EXPECT_EQ(document.offset, kJob.find("%!PS"));
+    EXPECT_EQ(document.size, kDocument.size() + 1);
+    EXPECT_EQ(document.title, "A Report");
+    EXPECT_EQ(document.maker, "kvfilter");
+    EXPECT_EQ(document.statedPages, "2");
+    EXPECT_EQ(document.pages, 2U);
+    EXPECT_EQ(document.pageEnds, 2U);
+    EXPECT_TRUE(document.endsWithControlD);
+    EXPECT_FALSE(document.isCopy);
+    ASSERT_EQ(document.ownCode.size(), 4U);
+    EXPECT_STREQ(document.ownCode[0].meaning, "watermark: its procedures");
+    EXPECT_STREQ(document.ownCode[1].meaning, "watermark: a page begins");
+    EXPECT_EQ(document.ownCode[1].count, 2U);
+    EXPECT_EQ(document.ownCode[1].offset, kJob.find("kvxbp"));
+    EXPECT_STREQ(document.ownCode[2].meaning, "watermark: the stamp");
+    EXPECT_STREQ(document.ownCode[3].meaning, "separator pages");
+}
+
+TEST(JobDecoder, PutsSpecialPagesIntoWords) {
+    const std::vector<SpecialPage> pages = Decoded(kJob, 5).job.specialPages.pages;
+    ASSERT_EQ(pages.size(), 3U);
+    EXPECT_EQ(pages[0].what, "front cover");
+    EXPECT_EQ(pages[0].words, "printed: front, media Thick");
+    EXPECT_EQ(pages[1].what, "inserted sheets");
+    EXPECT_EQ(pages[1].words, "after page 3, count 2, colour blue, 2100 x 2970, media thin");
+    EXPECT_EQ(pages[2].what, "page exception");
+    EXPECT_EQ(pages[2].words, "documents 1 to 2, pages 4 to 9, sides one-sided, media Tab");
+}
+
+TEST(JobDecoder, SaysWhatIsWrong) {
+    const std::string partial = "@PJL SET JOBOFFSET=PAGES\n@PJL SET JOBATTR=\"";
+    const std::string longLine = "@PJL SET JOBNAME=\"" + std::string(300, 'x');
+    const std::string start = "\x1b%-12345X@PJL JOB MODE=PRINTER\r\n";
+    const std::string rest = kSwitch + kDocument + "\x04" + kTrailer;
+    const struct {
+        std::string job;
+        const char *problems;
+    } cases[] = {
+        {start + partial + rest, "line-without-end "},
+        {start + partial + partial + rest, "line-without-end line-without-end "},
+        {start + partial + kTrailer, "line-without-end no-document "},
+        {start + longLine.substr(0, 229) + rest, "cut-line "},
+        {start + longLine.substr(0, 99) + rest, "cut-line "},
+        {start + longLine.substr(0, 98) + "\"\n" + rest, ""},
+        {start + "@PJL SET JOBNAME=\"What @PJL says\"\n" + rest, ""},
+        {start + "@PJL SET A=1\n@PJL SET RET=ON\n@PJL SET RET=OFF\n" + rest, "given-twice "},
+        {start + "@PJL SET RET=ON\n@PJL SET RET=ON\n" + rest, ""},
+        {start + "hello\n" + rest, "no-pjl "},
+        {start + "@PJL ENTER LANGUAGE=PCL\n" + kDocument + kTrailer, "no-postscript "},
+        {start + kSwitch + "%PDF-1.7\n\x04" + kTrailer, "no-postscript "},
+        {start + kSwitch + "\x04" + kTrailer, "no-document "},
+        {start + kSwitch + kTrailer, "no-document "},
+        {start + kTrailer, "no-document "},
+        {start + kDocument + kTrailer, "no-switch "},
+        {start + kSwitch + "%!\n@PJL SET RET=ON\n\x04" + kTrailer, "pjl-in-document "},
+        {start + kSwitch + kPlainJob, "pjl-in-document no-postscript "},
+        {kPlainJob.substr(0, kPlainJob.size() - kTrailer.size()), "truncated "},
+        {kPlainJob.substr(0, kPlainJob.size() - 1), "line-without-end "},
+        {kPlainJob + "x", "bytes-after "},
+        {kPlainJob + kPlainJob, "second-job "},
+        {kPlainJob + kJob, "second-job "},
+        {"<?xml version=\"1.0\"?>\n<kpif><a></kpif>\n" + kPlainJob, "special-pages "},
+    };
+    for (const auto &test : cases) {
+        for (const std::size_t step : {0, 1}) {
+            EXPECT_EQ(Decoded(test.job, step).Problems(), test.problems) << test.job.substr(0, 200);
+        }
+    }
+}
+
+TEST(JobDecoder, NeverShowsASecretInAProblem) {
+    const std::string start = "\x1b%-12345X@PJL JOB MODE=PRINTER\r\n";
+    const std::string rest = kSwitch + kDocument + "\x04" + kTrailer;
+    for (const std::string &job :
+         {start + "@PJL SET HOLDENCRYPTKEY=\"geheim\"\n@PJL SET HOLDENCRYPTKEY=\"geheim2\"\n" +
+              rest,
+          start + "@PJL SET HOLDENCRYPTKEY=\"" + std::string(199, 'g') + "eheim" + rest,
+          start + kSwitch + "%!\n@PJL SET HOLDENCRYPTKEY=\"geheim\"\n\x04" + kTrailer}) {
+        const Decoded decoded(job);
+        ASSERT_EQ(decoded.job.problems.size(), 1U) << decoded.Problems();
+        EXPECT_EQ(decoded.job.problems[0].text.find("eheim"), std::string::npos);
+        EXPECT_NE(decoded.job.problems[0].text.find("HOLDENCRYPTKEY"), std::string::npos);
+    }
+}
+
+TEST(JobDecoder, ReadsCopiesOfJobsWithPJLFeatures) {
+    const std::string job = kHeader + "%!PS-Adobe-3.0\n@PJL SET RET=ON\n%%Page: 1 1\n" +
+                            "@PJL SET JOBATTR=\"@TRAP=ON\"\nep\n\x04" + kSwitch + kTrailer;
+    for (const std::size_t step : {0, 1}) {
+        const Decoded decoded(job, step);
+        EXPECT_EQ(decoded.Problems(), "");
+        EXPECT_TRUE(decoded.job.document.isCopy);
+        EXPECT_EQ(decoded.document, "%!PS-Adobe-3.0\n%%Page: 1 1\nep\n\x04");
+        EXPECT_EQ(decoded.job.header.size(), 7U);
+        EXPECT_EQ(decoded.job.document.pages, 1U);
+        EXPECT_TRUE(decoded.job.document.endsWithControlD);
+    }
+}
+
+TEST(JobDecoder, ShowsATruncatedJobAsFarAsItGoes) {
+    for (std::size_t length = 1; length < kJob.size(); length++) {
+        const Decoded decoded(kJob.substr(0, length));
+        const DecodedJob &job = decoded.job;
+        ASSERT_EQ(job.kind, DecodedJob::kJob) << length;
+        const bool lacksOnlyLineEnd = length == kJob.size() - 1;
+        EXPECT_EQ(decoded.Problems(), lacksOnlyLineEnd ? "line-without-end " : "truncated ")
+            << length;
+        if (length > kSpecialPages.size() + kHeader.size()) {
+            EXPECT_GE(job.header.size(), 4U) << length;
+            EXPECT_EQ(job.header[2].text, "@PJL SET JOBATTR=\"@LUNA=alice\"") << length;
+        }
+    }
+}
+
+TEST(JobDecoder, TellsWhatElseItIsGiven) {
+    const struct {
+        std::string data;
+        const char *name;
+    } cases[] = {
+        {"%!PS\n", "PostScript without a job around it"},
+        {"%PDF-1.4\n", "a PDF document"},
+        {"\x1b"
+         "E\x1b&l0O",
+         "a PCL job"},
+        {"\x89PNG\r\n", "a PNG picture"},
+        {"hello\nworld\n", "data that begins with \"hello\""},
+        {std::string("\0\1\2", 3), "data that begins with \"<00><01><02>\""},
+    };
+    for (const auto &test : cases) {
+        const Decoded decoded(test.data);
+        EXPECT_EQ(decoded.job.kind, DecodedJob::kForeign);
+        EXPECT_EQ(decoded.job.foreign, test.name);
+    }
+    EXPECT_EQ(Decoded("").job.kind, DecodedJob::kEmpty);
+}
+
+// Whatever it is given: an end, the same for any pieces, and not much memory.
+TEST(JobDecoder, StandsCorruptedJobs) {
+    std::mt19937 random(1);
+    const auto pick = [&](std::size_t count) { return random() % count; };
+    for (int i = 0; i < 3000; i++) {
+        std::string job = pick(2) ? kJob : kPlainJob;
+        for (std::size_t n = 1 + pick(8); n > 0; n--) {
+            const std::size_t place = pick(job.size());
+            switch (pick(4)) {
+                case 0:
+                    job[place] = static_cast<char>(random());
+                    break;
+                case 1:
+                    job.erase(place, 1 + pick(100));
+                    break;
+                case 2:
+                    job.insert(place, job.substr(pick(job.size()), pick(200)));
+                    break;
+                case 3:
+                    job.insert(place, "\x1b%-12345X@PJL ");
+                    break;
+            }
+            if (job.empty()) job = "x";
+        }
+        const Decoded whole(job), pieces(job, 1 + pick(50));
+        EXPECT_EQ(whole.Problems(), pieces.Problems());
+        EXPECT_EQ(whole.document, pieces.document);
+        EXPECT_EQ(whole.job.header.size(), pieces.job.header.size());
+        EXPECT_EQ(whole.job.kind, pieces.job.kind);
+    }
+}
+
+TEST(JobDecoder, KeepsLittleOfALongJob) {
+    std::string line = "@PJL SET RET=" + std::string(500, 'x');
+    std::string job = kHeader;
+    for (int i = 0; i < 20000; i++) job += line + std::to_string(i) + "\n";
+    const Decoded decoded(job + std::string(10 << 20, 'y') + kSwitch + kTrailer, 65536);
+    EXPECT_EQ(decoded.job.header.size(), 2000U);
+    EXPECT_GT(decoded.job.linesLeftOut, 18000U);
+    EXPECT_EQ(decoded.job.problems.size(), 100U);
+    EXPECT_GT(decoded.job.problemsLeftOut, 19000U);
+    for (const JobLine &kept : decoded.job.header) EXPECT_LE(kept.text.size(), 1024U);
+}
+
+}  // namespace
