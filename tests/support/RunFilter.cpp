@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "support/ShownJob.h"
 #include "support/TempFolder.h"
 
 namespace {
@@ -97,6 +98,7 @@ FilterResult RunFilter(const FilterJob &job) {
     int status = 0;
     waitpid(child, &status, 0);
     result.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    if (result.status == 0) CheckShown(job, result.output);
     return result;
 }
 

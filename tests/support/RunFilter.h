@@ -25,7 +25,8 @@ struct FilterResult {
     int status;  // exit status, or 128 and the signal
 };
 
-// Runs the job to its end.
+// Runs the job to its end. What kvjobinfo finds wrong with a job that came out must be explained by
+// what went in (ShownJob.h).
 FilterResult RunFilter(const FilterJob &job);
 
 // The lines of a job's header: what stands in front of the document, "\n" and "\r\n" kept. Empty if
