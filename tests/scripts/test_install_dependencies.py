@@ -2,6 +2,7 @@
 """scripts/install-dependencies, on machines that are made up of a few commands."""
 
 import pathlib
+import shutil
 import subprocess
 import tempfile
 import unittest
@@ -16,21 +17,28 @@ RECORD = 'echo "$0 $*" >> "${0%/*}/calls"'
 
 
 class InstallDependenciesTest(unittest.TestCase):
-    def run_on(self, **commands):
+    def run_on(self, *purposes, **commands):
         """Runs the script where these are all the commands; returns what it did and what it called
-        of apt-get."""
+        of apt-get. self.log is then what apt-get said."""
         with tempfile.TemporaryDirectory() as folder:
-            machine = pathlib.Path(folder)
+            machine = pathlib.Path(folder, "bin")
+            machine.mkdir()
+            script = pathlib.Path(folder, "scripts", SCRIPT.name)
+            script.parent.mkdir()
+            shutil.copy(SCRIPT, script)
             for name, body in commands.items():
                 path = machine / name.replace("_", "-")
                 path.write_text(f"#!/bin/sh\n{body}\n")
                 path.chmod(0o755)
-            (machine / "env").symlink_to("/usr/bin/env")
-            done = subprocess.run(["/bin/sh", SCRIPT], env={"PATH": folder}, capture_output=True,
-                                  text=True)
+            for name in ("dirname", "env", "mkdir", "sed", "tail"):
+                (machine / name).symlink_to(shutil.which(name))
+            done = subprocess.run(["/bin/sh", script, *purposes], env={"PATH": str(machine)},
+                                  capture_output=True, text=True)
+            log = pathlib.Path(folder, "build/install-dependencies.log")
+            self.log = log.read_text() if log.exists() else None
             calls = machine / "calls"
             lines = calls.read_text().splitlines() if calls.exists() else []
-        return done, [line.replace(folder + "/", "") for line in lines]
+        return done, [line.replace(f"{machine}/", "") for line in lines]
 
     def test_nothing_missing_does_nothing(self):
         done, calls = self.run_on(dpkg_query=ALL_INSTALLED, id=USER, apt_get=RECORD)
@@ -42,6 +50,34 @@ class InstallDependenciesTest(unittest.TestCase):
         apt_get = "apt-get -q -y -o DPkg::Lock::Timeout=300"
         self.assertEqual(calls, [f"{apt_get} update", f"{apt_get} install --no-install-recommends "
                                                       "ninja-build ghostscript"])
+
+    def test_what_apt_says_goes_to_a_log_but_for_one_line(self):
+        done, _ = self.run_on(dpkg_query=NINJA_AND_GS_MISSING, id=ROOT, apt_get="""\
+case "$*" in *install*) echo 'Reading package lists...'
+echo '0 upgraded, 98 newly installed, 0 to remove and 3 not upgraded.'
+echo 'Need to get 43.1 MB of archives.'
+echo 'W: noise' >&2;; esac""")
+        self.assertEqual(done.returncode, 0)
+        self.assertEqual(done.stdout, "")
+        said, installed = done.stderr.splitlines()
+        self.assertEqual(said, "install-dependencies: installing: ninja-build ghostscript")
+        self.assertRegex(installed, "^install-dependencies: installed 98 packages, 43.1 MB "
+                                    "fetched; details in .*/build/install-dependencies.log$")
+        self.assertIn("Reading package lists...\n", self.log)
+        self.assertIn("W: noise\n", self.log)
+
+    def test_purposes_need_less(self):
+        for purposes, asked in ((["build"], " ninja-build"), (["package"], None),
+                                (["demo", "build"], " ghostscript ninja-build")):
+            with self.subTest(purposes=purposes):
+                _, calls = self.run_on(*purposes, dpkg_query=NINJA_AND_GS_MISSING, id=ROOT,
+                                       apt_get=RECORD)
+                self.assertEqual(calls[1:], [] if not asked else [
+                    "apt-get -q -y -o DPkg::Lock::Timeout=300 install --no-install-recommends"
+                    + asked])
+        done, calls = self.run_on("bild", dpkg_query=NINJA_AND_GS_MISSING, id=ROOT, apt_get=RECORD)
+        self.assertEqual((done.returncode, calls), (2, []))
+        self.assertIn("no such purpose: bild", done.stderr)
 
     def test_user_installs_through_sudo_without_a_password(self):
         done, calls = self.run_on(dpkg_query=NINJA_AND_GS_MISSING, id=USER, true=":",
@@ -66,8 +102,10 @@ class InstallDependenciesTest(unittest.TestCase):
 
     def test_failed_installation_fails(self):
         done, calls = self.run_on(dpkg_query=NINJA_AND_GS_MISSING, id=ROOT,
-                                  apt_get=RECORD + '; case "$*" in *install*) exit 100;; esac')
-        self.assertEqual((done.returncode, len(calls)), (100, 2))
+                                  apt_get=RECORD + '; case "$*" in *install*) echo broken; '
+                                                   'exit 100;; esac')
+        self.assertEqual((done.returncode, len(calls)), (1, 2))
+        self.assertIn("\nbroken\n", done.stderr)  # the end of the log
 
     def test_failed_update_still_tries_the_lists_at_hand(self):
         done, calls = self.run_on(dpkg_query=NINJA_AND_GS_MISSING, id=ROOT,

@@ -1,0 +1,207 @@
+# SPDX-License-Identifier: Apache-2.0
+"""The Debian package: what is in it, and its life on a machine of its own.
+
+The machine is a view of this one: what the test changes lies in an overlay that nobody else sees
+and that is gone with the test. Only root can make one; others check the package's contents."""
+
+import os
+import pathlib
+import re
+import socket
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+import unittest
+
+SOURCE_DIR = pathlib.Path(__file__).resolve().parents[2]
+BUILD_DIR = pathlib.Path(os.environ["KVFILTER_BUILD_DIR"])
+NAME = "printer-driver-kvfilter"
+MODEL = "drv:///korvell.drv/kv2024c.ppd"
+SKIPPED = 77  # the exit status that ctest takes as "skipped"
+IN_NAMESPACE = "KVFILTER_TEST_IN_NAMESPACE"
+
+
+def run(*command, **settings):
+    done = subprocess.run([str(word) for word in command], text=True, stdin=subprocess.DEVNULL,
+                          stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=120,
+                          **settings)
+    if done.returncode != 0:
+        raise AssertionError(f"{command}: {done.stdout}")
+    return done.stdout
+
+
+def build_package(folder):
+    run("cpack", "--config", BUILD_DIR / "CPackConfig.cmake", "-B", folder, umask=0o077)
+    return next(folder.glob("*.deb"))
+
+
+def later_package(package, folder):
+    """The next version of a package: a PPD has a finisher's tray more."""
+    run("dpkg-deb", "-R", package, folder)
+    control = folder / "DEBIAN/control"
+    control.write_text(re.sub(r"^(Version: .*)$", r"\1.1", control.read_text(), flags=re.M))
+    paper = folder / "usr/share/cups/ppdc/korvell/office-paper.defs"
+    tray = 'Choice "Finisher/'
+    new = 'Choice "Roof/Roof Tray" "<</OutputType(Roof)>>setpagedevice"\n  '
+    paper.write_text(paper.read_text().replace(tray, new + tray))
+    updater = folder / f"usr/share/cups/ppd-updaters/{NAME}.ppd-updater"
+    os.utime(updater, (time.time() + 60, time.time() + 60))  # cups compares whole seconds
+    return run("dpkg-deb", "--root-owner-group", "-b", folder, folder.parent).split("'")[-2]
+
+
+class ContentsTest(unittest.TestCase):
+    def test_lintian_finds_no_error_and_no_warning(self):
+        with tempfile.TemporaryDirectory() as folder:
+            package = build_package(pathlib.Path(folder))
+            self.assertRegex(package.name, rf"^{NAME}_\d+\.\d+\.\d+-1_\w+\.deb$")
+            found = run("lintian", "--allow-root", "--no-cfg", "--fail-on", "error,warning",
+                        package)
+            self.assertEqual(found, "")
+
+    def test_version_is_the_same_everywhere(self):
+        version = run(BUILD_DIR / "kvfilter", "--version").split()
+        self.assertEqual(version[0], "kvfilter")
+        changelog = (SOURCE_DIR / "packaging/changelog").read_text()
+        self.assertTrue(changelog.startswith(f"{NAME} ({version[1]}-1) "), changelog[:60])
+        self.assertIn(f"\n## {version[1]}\n", (SOURCE_DIR / "CHANGELOG.md").read_text())
+        self.assertIn(f'"kvfilter {version[1]}"', (BUILD_DIR / "docs/kvfilter.8").read_text())
+
+    def test_metadata_are_valid(self):
+        run("appstreamcli", "validate", "--no-net",
+            BUILD_DIR / "packaging/org.kvfilter.driver.metainfo.xml")
+
+
+class Machine:
+    """This machine, seen through an overlay on `folder`, which stands in a mount namespace of the
+    process's own: the mounts, and all that was written to them, end with the process. Nobody may
+    remove `folder` with its contents before."""
+
+    def __init__(self, folder):
+        self._folder = folder
+        self._root = folder / "root"
+        run("mount", "-t", "tmpfs", "tmpfs", folder)
+        for name in ("upper", "work", "root"):
+            (folder / name).mkdir()
+        run("mount", "-t", "overlay", "overlay", "-o",
+            f"lowerdir=/,upperdir={folder}/upper,workdir={folder}/work", self._root)
+        run("mount", "-t", "proc", "proc", self._root / "proc")
+        for name in ("dev", "run", "tmp"):  # nothing of the machine below shines through
+            run("mount", "-t", "tmpfs", "-o", "mode=755", "tmpfs", self._root / name)
+        for name, major, minor in (("null", 1, 3), ("zero", 1, 5), ("random", 1, 8),
+                                   ("urandom", 1, 9)):
+            run("mknod", "-m", "666", self._root / "dev" / name, "c", major, minor)
+        (self._root / "run/cups").mkdir()
+
+    def run(self, *command):
+        return run("chroot", self._root, *command,
+                   env={"PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "LC_ALL": "C", "HOME": "/root",
+                        "DEBIAN_FRONTEND": "noninteractive"})
+
+    def put(self, path):
+        """A file of the test's, and where the machine has it."""
+        (self._root / "root" / path.name).write_bytes(path.read_bytes())
+        return f"/root/{path.name}"
+
+    def read(self, path):
+        return (self._root / path[1:]).read_text()
+
+    def start_scheduler(self):
+        configuration = self._root / "etc/cups/cupsd.conf"
+        text = re.sub(r"^(Listen localhost|Port).*$", "", configuration.read_text(), flags=re.M)
+        configuration.write_text(text)
+        self.run("cupsd")
+        deadline = time.monotonic() + 30
+        while "running" not in self.run("sh", "-c", "lpstat -r || :"):
+            if time.monotonic() > deadline:
+                raise TimeoutError(self.read("/var/log/cups/error_log"))
+            time.sleep(0.1)
+
+    def changed(self):
+        """All that lies on the machine and not on the one below it."""
+        upper = self._folder / "upper"
+        return {f"/{path.relative_to(upper)}" for path in upper.rglob("*") if path.is_file()}
+
+
+class Printer:
+    def __init__(self):
+        self._listener = socket.create_server(("127.0.0.1", 0))
+        self._listener.settimeout(60)
+        self.uri = f"socket://127.0.0.1:{self._listener.getsockname()[1]}/?snmp=false"
+        self.job = bytearray()
+        self._thread = threading.Thread(target=self._receive, daemon=True)
+        self._thread.start()
+
+    def _receive(self):
+        connection, _ = self._listener.accept()
+        while data := connection.recv(1 << 16):
+            self.job += data
+
+    def received(self):
+        self._thread.join(60)
+        return bytes(self.job)
+
+
+@unittest.skipUnless(os.environ.get(IN_NAMESPACE),
+                     "only root, and not in every container, can make a machine of its own")
+class LifeTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
+        self.package = build_package(self.folder / "package")
+        self.machine = Machine(pathlib.Path(os.environ[IN_NAMESPACE]))
+        self.machine.run("dpkg", "--purge", NAME)  # should the machine below have it
+
+    def test_from_installation_to_removal(self):
+        machine = self.machine
+        machine.run("dpkg", "-i", machine.put(self.package))
+        machine.start_scheduler()
+
+        models = machine.run("lpinfo", "--include-schemes", "drv", "-m")
+        self.assertEqual(len(re.findall("^drv:///korvell.drv/", models, re.M)), 3)
+        printer = Printer()
+        machine.run("lpadmin", "-p", "office", "-m", MODEL, "-v", printer.uri, "-E",
+                    "-o", "PageSize=Letter")
+        self.assertIn("KVWatermark/Watermark: *None Draft",
+                      machine.run("lpoptions", "-p", "office", "-l"))
+
+        pdf = self.folder / "report.pdf"
+        run("ps2pdf", SOURCE_DIR / "samples/report.ps", pdf)
+        machine.run("lp", "-d", "office", "-o", "KVStaple=LeftDouble", machine.put(pdf))
+        job = printer.received()
+        self.assertTrue(job.startswith(b"\x1b%-12345X@PJL JOB MODE=PRINTER\r\n"), job[:200])
+        for expected in (b"\n@PJL COMMENT KVJOBINFO STAPLE=ON\n", b"/StapleLocation(LeftDouble)"):
+            self.assertTrue(expected in job, expected)
+
+        # An upgrade gives the queue its new PPD and leaves what the administrator chose.
+        later = pathlib.Path(later_package(self.package, self.folder / "later"))
+        self.assertNotIn("Roof", machine.read("/etc/cups/ppd/office.ppd"))
+        machine.run("dpkg", "-i", machine.put(later))
+        self.assertIn("*OutputBin Roof/Roof Tray: ", machine.read("/etc/cups/ppd/office.ppd"))
+        self.assertIn("*DefaultPageSize: Letter\n", machine.read("/etc/cups/ppd/office.ppd"))
+
+        # Removing it leaves nothing of its own.
+        machine.run("lpadmin", "-x", "office")
+        machine.run("dpkg", "--purge", NAME)
+        left = [path for path in machine.changed() if re.search("kvfilter|korvell", path, re.I)]
+        self.assertEqual([path for path in left if not path.startswith("/root/")], [])
+
+
+def main():
+    unshare = ["unshare", "--mount", "--pid", "--fork", "--kill-child", "--mount-proc"]
+    if IN_NAMESPACE in os.environ or os.getuid() != 0 or \
+            subprocess.run([*unshare, "true"], capture_output=True).returncode != 0:
+        program = unittest.main(exit=False)
+        skipped = program.result.wasSuccessful() and program.result.skipped
+        sys.exit(SKIPPED if skipped else not program.result.wasSuccessful())
+    folder = tempfile.mkdtemp()
+    try:
+        done = subprocess.run([*unshare, sys.executable, "-B", __file__, *sys.argv[1:]],
+                              env={**os.environ, IN_NAMESPACE: folder})
+    finally:
+        os.rmdir(folder)  # empty, the mounts having been the other process's
+    sys.exit(done.returncode)
+
+
+if __name__ == "__main__":
+    main()
