@@ -44,10 +44,21 @@ class DocsTest(unittest.TestCase):
                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
         return printed_by("desk", done.stdout)
 
-    def test_man_page_formats_without_a_warning(self):
-        done = subprocess.run(["groff", "-man", "-Tutf8", "-ww", "-z", DOCS / "kvfilter.8"],
-                              capture_output=True, text=True)
-        self.assertEqual((done.returncode, done.stderr), (0, ""))
+    def test_man_pages_format_without_a_warning(self):
+        pages = sorted(pathlib.Path(os.environ["KVFILTER_BUILD_DIR"], "docs").glob("*.[1-8]"))
+        self.assertEqual([f"{page.name}.in" for page in pages],
+                         [page.name for page in sorted(DOCS.glob("*.in"))])
+        for page in pages:
+            for command in (["groff", "-man", "-Tutf8", "-ww", "-z"],
+                            ["mandoc", "-T", "lint", "-W", "style"]):
+                with self.subTest(page=page.name, command=command[0]):
+                    done = subprocess.run([*command, page], text=True, stdout=subprocess.PIPE,
+                                          stderr=subprocess.STDOUT)
+                    self.assertEqual((done.returncode, done.stdout), (0, ""))
+
+    def test_man_pages_name_nothing_that_only_the_sources_have(self):
+        for page in DOCS.glob("*.in"):
+            self.assertNotRegex(page.read_text(), r"docs/|scripts/|samples/|build/")
 
     def test_readme_is_short_and_its_links_lead_somewhere(self):
         text = (SOURCE_DIR / "README.md").read_text()
