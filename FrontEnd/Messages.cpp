@@ -32,12 +32,20 @@ void Report(std::string_view prefix, std::string_view text) {
     std::fwrite(line, 1, static_cast<std::size_t>(end - line), stderr);
 }
 
+// What printf takes for "%.*s".
+int Width(std::string_view text) {
+    return static_cast<int>(std::min(text.size(), kMessageSize));
+}
+
+// What snprintf has put into `buffer`, if it returned `length`.
+std::string_view Printed(const char (&buffer)[kMessageSize], int length) {
+    return {buffer, std::min(static_cast<std::size_t>(std::max(length, 0)), sizeof buffer - 1)};
+}
+
 // "text: cause", in the caller's buffer.
 std::string_view WithCause(std::string_view text, int error, char (&buffer)[kMessageSize]) {
-    const int length = std::snprintf(buffer, sizeof buffer, "%.*s: %s",
-                                     static_cast<int>(std::min(text.size(), kMessageSize)),
-                                     text.data(), std::strerror(error));
-    return {buffer, std::min(static_cast<std::size_t>(std::max(length, 0)), sizeof buffer - 1)};
+    return Printed(buffer, std::snprintf(buffer, sizeof buffer, "%.*s: %s", Width(text),
+                                         text.data(), std::strerror(error)));
 }
 
 }  // namespace
@@ -50,6 +58,13 @@ void ReportError(std::string_view text) {
 void ReportError(std::string_view text, int error) {
     char buffer[kMessageSize];
     ReportError(WithCause(text, error, buffer));
+}
+
+void ReportError(std::string_view name, std::string_view what, int error) {
+    char buffer[kMessageSize];
+    const int length = std::snprintf(buffer, sizeof buffer, "%.*s %.*s", Width(name), name.data(),
+                                     Width(what), what.data());
+    ReportError(Printed(buffer, length), error);
 }
 
 void ReportWarning(std::string_view text) {

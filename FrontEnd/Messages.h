@@ -13,6 +13,9 @@ void ReportError(std::string_view text);
 // "ERROR: text: cause", the cause in the words of the system; `error` is an errno.
 void ReportError(std::string_view text, int error);
 
+// "ERROR: name what: cause", as in "/tmp/a could not be read: Input/output error".
+void ReportError(std::string_view name, std::string_view what, int error);
+
 // "WARNING: text": something that the user asked for was dropped or changed.
 void ReportWarning(std::string_view text);
 

@@ -15,9 +15,11 @@ extern char PPDPJLOutFilePath[kPrivatePathSize];
 // system end with a line of nothing but Ctrl-D. Reads argv[6] when `argc` is 7, else standard
 // input.
 //
-// Nothing is reported. Without input or temporary file nothing is written. A job that is cancelled
-// while its document is read ends at a page end, with neither the switch nor the document, and
-// leaves the temporary file; one that is cancelled later ends after a page end. When the disk is
-// full, what was stored until then is sent, as far as its last line end; the pages that follow are
-// neither stored nor logged.
+// Without input or temporary file nothing is written. A job that is cancelled while its document is
+// read ends at a page end, with neither the switch nor the document, and leaves the temporary file;
+// one that is cancelled later ends after a page end. When the disk is full, what was stored until
+// then is sent, as far as its last line end; the pages that follow are neither stored nor logged.
+//
+// With plain CUPS no temporary file is ever left, each failure is reported, and a document that
+// could not be read or stored whole is not sent.
 void OutputPSStreamtoFileandInsertPJLforFeaturePDE(int argc, char *const argv[]);

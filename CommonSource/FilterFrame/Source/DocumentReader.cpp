@@ -10,7 +10,13 @@
 #include <cerrno>
 #include <cstring>
 
+#include "FrontEnd/Cancel.h"
+#include "FrontEnd/FrontEnd.h"
+#include "FrontEnd/Messages.h"
+
 namespace {
+
+constexpr char kUnread[] = "could not be read";
 
 constexpr std::string_view kBeginFeature = "%%BeginFeature:";
 
@@ -22,10 +28,15 @@ bool IsLineEnd(char byte) {
     return byte == '\n' || byte == '\r';
 }
 
-// Whether a read would not have to wait.
-bool HasInput(int file) {
+// A signal that comes right before a wait does not end it, so that no wait is longer than this.
+constexpr int kLongestWait = 1000;  // milliseconds
+
+// Waits until a read would not have to, for `timeout` milliseconds at most and until a signal
+// comes. True also if only a read can tell what is wrong.
+bool AwaitInput(int file, int timeout) {
     pollfd input = {file, POLLIN, 0};
-    return poll(&input, 1, 0) > 0;
+    const int count = poll(&input, 1, timeout);
+    return count > 0 || file < 0 || (count < 0 && errno != EINTR);
 }
 
 template <std::size_t count>
@@ -38,7 +49,20 @@ bool HoldsAll(std::string_view line, const std::string_view (&names)[count]) {
 }  // namespace
 
 int OpenDocument(bool fromStandardInput, char *const argv[]) {
-    return fromStandardInput ? STDIN_FILENO : open(argv[6], O_RDONLY | O_CLOEXEC);
+    if (fromStandardInput) return STDIN_FILENO;
+    const int file = open(argv[6], O_RDONLY | O_CLOEXEC);
+    if (file < 0) ReportError(argv[6], kUnread, errno);
+    return file;
+}
+
+const char *DocumentName(bool fromStandardInput, char *const argv[]) {
+    return fromStandardInput ? "Standard input" : argv[6];
+}
+
+bool DocumentIsCut(const char *name, int error) {
+    if (!FrontEndIsCUPS() || error == 0) return false;
+    if (error != ECANCELED) ReportError(name, kUnread, error);
+    return true;
 }
 
 DocumentReader::DocumentReader(int file, Mode mode, void (*beforeWaiting)(),
@@ -143,6 +167,25 @@ bool DocumentReader::TakeRun(DocumentPiece &piece) {
     return !piece.text.empty();
 }
 
+// Reads what has arrived, or else waits for it. Returns the bytes read; 0 at the end or with
+// error_.
+std::size_t DocumentReader::ReadBlock(char *block) {
+    if (beforeWaiting_ && !AwaitInput(file_, 0)) beforeWaiting_();
+    while (true) {
+        const bool isReady = AwaitInput(file_, kLongestWait);
+        if (CancelIsOverdue()) {
+            error_ = ECANCELED;
+            return 0;
+        }
+        if (!isReady) continue;
+        const ssize_t count = read(file_, block, kBlock);
+        if (count >= 0) return static_cast<std::size_t>(count);
+        if (errno == EINTR || errno == EAGAIN) continue;
+        error_ = errno;
+        return 0;
+    }
+}
+
 // Moves the unfinished line in front of the block and reads into that what has arrived.
 bool DocumentReader::Refill() {
     const std::size_t rest = static_cast<std::size_t>(end_ - begin_);
@@ -153,12 +196,8 @@ bool DocumentReader::Refill() {
     searched_ = scan_ = limit_ = block - withheld;
     end_ = block;
 
-    if (beforeWaiting_ && !HasInput(file_)) beforeWaiting_();
-    ssize_t count;
-    do {
-        count = read(file_, block, kBlock);
-    } while (count < 0 && errno == EINTR);
-    if (count <= 0) return false;
+    const std::size_t count = ReadBlock(block);
+    if (count == 0) return false;
     end_ = block + count;
     limit_ = mode_ == kFeatures ? end_ - 1 : end_;
     assert(PlacesAreInOrder());

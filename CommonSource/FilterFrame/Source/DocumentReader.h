@@ -29,8 +29,16 @@ constexpr std::size_t kLineBufferFull = 8065;
 
 constexpr int kEndOfPostScriptJob = 4;  // Ctrl-D
 
-// Opens the document: standard input, or the file argv[6]. Returns a descriptor, or -1.
+// Opens the document: standard input, or the file argv[6]. Returns a descriptor, or -1; plain CUPS
+// hears why.
 int OpenDocument(bool fromStandardInput, char *const argv[]);
+
+// What messages call it.
+const char *DocumentName(bool fromStandardInput, char *const argv[]);
+
+// Whether `error` (DocumentReader::Error) has cut the document called `name` short. Plain CUPS
+// hears of it; elsewhere what can be read is the document, and this is false.
+bool DocumentIsCut(const char *name, int error);
 
 struct DocumentPiece {
     enum Kind {
@@ -58,9 +66,13 @@ class DocumentReader {
     DocumentReader(const DocumentReader &) = delete;
     DocumentReader &operator=(const DocumentReader &) = delete;
 
-    // Stores the next piece; false at the end of the document (or when it cannot be read). What
-    // follows the last line end, up to 8064 bytes, is never handed out.
+    // Stores the next piece; false at the end of the document, when it cannot be read further and
+    // when a cancelled job is overdue (FrontEnd/Cancel.h). What follows the last line end, up to
+    // 8064 bytes, is never handed out.
     bool Next(DocumentPiece &piece);
+
+    // After the end: 0, or the errno of the failed read, or ECANCELED.
+    int Error() const { return error_; }
 
     // After the end, in mode kFeatures: the last byte of the document, or -1 if it was empty.
     int LastByte() const;
@@ -71,6 +83,7 @@ class DocumentReader {
     bool Recognise(const char *lineEnd, bool hasSigns, DocumentPiece &line) const;
     bool TakeRun(DocumentPiece &piece);
     bool Refill();
+    std::size_t ReadBlock(char *block);
     bool PlacesAreInOrder() const;
 
     // Before the block there is room for the line that the previous block left unfinished.
@@ -84,6 +97,7 @@ class DocumentReader {
     bool lineMayMatter_ = false;  // a search has seen signs of feature code in the line at scan_
     bool hasPending_ = false;     // pending_ is to be handed out next
     DocumentPiece pending_{};     // the recognised line after a run
+    int error_ = 0;
     const char *begin_ = buffer_ + kRoom;  // first byte not handed out
     const char *lineStart_ = begin_;       // start of the line that the search has reached
     const char *searched_ = begin_;        // how far lineStart_ has been brought up to date

@@ -14,6 +14,7 @@
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "CommonSource/FilterFrame/Source/NameValidation.h"
+#include "CommonSource/FilterFrame/Source/OutputWriter.h"
 #include "CommonSource/FilterFrame/Source/PipeCapacity.h"
 #include "CommonSource/FilterFrame/Source/PostScriptPass.h"
 #include "CommonSource/FilterFrame/Source/TextEncoding.h"
@@ -75,6 +76,7 @@ int RunJob(int argc, char *argv[]) {
     std::signal(SIGPIPE, SignalPipeHandler);
     SetNames(argv);
     FindFrontEnd(argv[5]);
+    stopsAtFailedWrite = FrontEndIsCUPS();
     if (FrontEndIsCUPS()) SetJobNamesForCUPS(argv[2], argv[3]);
     InializeDescriptionTable();
     OpenJobCopy();
@@ -95,6 +97,9 @@ int RunJob(int argc, char *argv[]) {
     }
     OutputKPJLCommandFromArray(argv, prtFmtTableKPJLTrailer, numFmtTableKPJLTrailer);
     CloseJobCopy();
-    std::fflush(stdout);  // a printer that has gone shows here at the latest
+    KVfflush(stdout);  // a printer that has gone shows here at the latest
+    if (writeError != 0 && !ErrorWasReported()) {
+        ReportError("Standard output", "could not be written", writeError);
+    }
     return CancelJobForPipe == 1 || ErrorWasReported() ? 1 : 0;
 }

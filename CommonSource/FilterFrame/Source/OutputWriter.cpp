@@ -9,6 +9,7 @@
 std::FILE *gJobFilefp;
 int writeError;
 int jobCopyError;
+bool stopsAtFailedWrite;
 
 namespace {
 
@@ -35,14 +36,27 @@ int PutFormattedText(const char *text, std::FILE *stream) {
 
 }  // namespace
 
+bool OutputHasFailed(std::FILE *stream) {
+    return stopsAtFailedWrite && std::ferror(stream);
+}
+
 std::size_t KVfwrite(const void *buffer, std::size_t size, std::size_t count, std::FILE *stream) {
+    if (OutputHasFailed(stream)) return 0;
     if (gJobFilefp) Note(std::fwrite(buffer, size, count, gJobFilefp) == count, jobCopyError);
     const std::size_t written = std::fwrite(buffer, size, count, stream);
     Note(written == count, writeError);
     return written;
 }
 
+std::size_t WriteUncopied(const void *buffer, std::size_t size, std::FILE *stream) {
+    if (OutputHasFailed(stream)) return 0;
+    const std::size_t written = std::fwrite(buffer, 1, size, stream);
+    Note(written == size, writeError);
+    return written;
+}
+
 int KVfputs(const char *text, std::FILE *stream) {
+    if (OutputHasFailed(stream)) return EOF;
     if (gJobFilefp) Note(std::fputs(text, gJobFilefp) >= 0, jobCopyError);
     const int result = std::fputs(text, stream);
     Note(result >= 0, writeError);
@@ -50,6 +64,7 @@ int KVfputs(const char *text, std::FILE *stream) {
 }
 
 int KVfputc(int character, std::FILE *stream) {
+    if (OutputHasFailed(stream)) return EOF;
     if (gJobFilefp) Note(std::fputc(character, gJobFilefp) >= 0, jobCopyError);
     const int result = std::fputc(character, stream);
     Note(result >= 0, writeError);
@@ -57,6 +72,7 @@ int KVfputc(int character, std::FILE *stream) {
 }
 
 int KVfprintf(std::FILE *stream, const char *text) {
+    if (OutputHasFailed(stream)) return EOF;
     if (gJobFilefp) Note(PutFormattedText(text, gJobFilefp) >= 0, jobCopyError);
     const int result = PutFormattedText(text, stream);
     Note(result >= 0, writeError);
@@ -64,6 +80,7 @@ int KVfprintf(std::FILE *stream, const char *text) {
 }
 
 int KVfflush(std::FILE *stream) {
+    if (OutputHasFailed(stream)) return EOF;
     const int result = std::fflush(stream);
     Note(result == 0, writeError);
     return result;

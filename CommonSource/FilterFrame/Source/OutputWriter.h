@@ -17,6 +17,9 @@ extern int writeError;
 extern int jobCopyError;
 
 std::size_t KVfwrite(const void *buffer, std::size_t size, std::size_t count, std::FILE *stream);
+// As KVfwrite of bytes, but not into the job copy.
+std::size_t WriteUncopied(const void *buffer, std::size_t size, std::FILE *stream);
+
 int KVfputs(const char *text, std::FILE *stream);
 int KVfputc(int character, std::FILE *stream);
 
@@ -25,6 +28,13 @@ int KVfputc(int character, std::FILE *stream);
 // user typed. The stream comes first here, unlike above. Returns the number of bytes written to
 // `stream`, or a negative number.
 int KVfprintf(std::FILE *stream, const char *text);
+
+// Whether a stream whose write has failed gets nothing more through these wrappers, so that no page
+// with a hole in it follows; false until the job run decides. Else writing goes on.
+extern bool stopsAtFailedWrite;
+
+// Whether that is the case with `stream`.
+bool OutputHasFailed(std::FILE *stream);
 
 // Sends what `stream` has buffered. The job copy is left alone.
 int KVfflush(std::FILE *stream);

@@ -80,8 +80,7 @@ std::FILE *CreatePrivateFile(const char *format, char (&path)[kPrivatePathSize])
     return nullptr;
 }
 
-std::FILE *CreateNamelessFile(const char *format) {
-    char path[kPrivatePathSize];
+std::FILE *CreateNamelessFile(const char *format, char (&path)[kPrivatePathSize]) {
     sigset_t all, before;
     sigfillset(&all);
     sigprocmask(SIG_SETMASK, &all, &before);  // none may end the process while there is a name

@@ -18,8 +18,8 @@ constexpr std::size_t kPrivatePathSize = 255;
 // Stores the path and returns the stream, or returns null and sets errno.
 std::FILE *CreatePrivateFile(const char *format, char (&path)[kPrivatePathSize]);
 
-// The same without a name: the file is gone when the process ends, whatever ends it.
-std::FILE *CreateNamelessFile(const char *format);
+// The same, but the file has lost its name: it is gone when the process ends, whatever ends it.
+std::FILE *CreateNamelessFile(const char *format, char (&path)[kPrivatePathSize]);
 
 // Whether `path` (not what it links to, if it is a link) is still the file that has been opened.
 bool IsNameOf(const char *path, std::FILE *file);

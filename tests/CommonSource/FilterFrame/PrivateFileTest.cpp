@@ -146,7 +146,7 @@ TEST_F(PrivateFileTest, CanBeReadBack) {
 }
 
 TEST_F(PrivateFileTest, NamelessFilesHaveNoName) {
-    std::FILE *file = CreateNamelessFile(kFormat);
+    std::FILE *file = CreateNamelessFile(kFormat, path_);
     ASSERT_NE(file, nullptr);
     struct stat status;
     ASSERT_EQ(fstat(fileno(file), &status), 0);
@@ -177,7 +177,7 @@ TEST_F(PrivateFileTest, FailsWhereThereIsNoFolder) {
     setenv("TMPDIR", "/nonexistent", 1);
     EXPECT_EQ(CreatePrivateFile(kFormat, path_), nullptr);
     EXPECT_EQ(errno, ENOENT);
-    EXPECT_EQ(CreateNamelessFile(kFormat), nullptr);
+    EXPECT_EQ(CreateNamelessFile(kFormat, path_), nullptr);
     EXPECT_EQ(errno, ENOENT);
     setenv("TMPDIR", ("/" + std::string(300, 'x')).c_str(), 1);
     EXPECT_EQ(CreatePrivateFile(kFormat, path_), nullptr);
