@@ -154,7 +154,9 @@ void AddColorMode(CompletionContext &context) {
     const char *mode = JobValue(context, "print-color-mode");
     if (!mode || JobValue(context, kColorMode)) return;
     for (const auto &[name, choice] : kColorModes) {
-        if (std::strcmp(mode, name) == 0) context.job.push_back({kColorMode, choice, true});
+        if (std::strcmp(mode, name) != 0) continue;
+        context.job.push_back({kColorMode, choice, true});  // moves what `mode` points to
+        return;
     }
 }
 
