@@ -19,6 +19,15 @@ namespace {
 constexpr int kLargestSize = 2000;  // points; no sheet takes more
 constexpr int kFullTurn = 360;      // degrees
 
+// Bytes of a text in the ticket, without its NUL, and what the code that outlines one takes of
+// them.
+constexpr std::size_t kFieldLength = 255;
+constexpr std::size_t kOutlineLength = 80;
+
+// The line around an outlined letter.
+constexpr int kLineWidth = 16;         // thousandths of the font size
+constexpr double kThinnestLine = 0.6;  // points
+
 // Values that stand for what the sheet decides.
 constexpr int kFit = 0;
 constexpr int kDiagonal = kFullTurn + 1;
@@ -56,7 +65,8 @@ struct Look {
     int size = kFit;        // points
     int angle = kDiagonal;  // degrees, counter-clockwise from how the pages run
     const Colour *colour = kColours;
-    int density = 20;  // per cent
+    int density = 40;  // per cent
+    bool isFilled = false;
     bool onlyFirst = false;
 };
 
@@ -83,6 +93,7 @@ Look LookOf(const CompletionContext &context) {
     look.size = NumberOf(context, "KVWatermarkSize", look.size);
     look.angle = NumberOf(context, "KVWatermarkAngle", look.angle);
     look.density = NumberOf(context, "KVWatermarkDensity", look.density);
+    look.isFilled = ShortOptionValue(context, "KVWatermarkStyle") != nullptr;
     look.onlyFirst = ShortOptionValue(context, "KVWatermarkPages") != nullptr;
     return look;
 }
@@ -120,11 +131,26 @@ int LargestSize(const Sheet &sheet, const Direction &direction, const TextBox &b
     return static_cast<int>(std::clamp<double>(size, 0, kLargestSize));
 }
 
+// The box with the line around its letters.
+TextBox WithLine(const TextBox &box) {
+    constexpr int kHalfLine = kLineWidth / 2;
+    return {box.left - kHalfLine, box.bottom - kHalfLine, box.right + kHalfLine,
+            box.top + kHalfLine};
+}
+
 // Two decimals, with a point in every locale.
 std::string Decimal(double number) {
     char text[32];
     const auto end = std::to_chars(text, text + sizeof text, number, std::chars_format::fixed, 2);
     return {text, end.ptr};
+}
+
+// The operand for show that draws the outlines of a text and then shows nothing: they leave legible
+// what they run across.
+std::string Outlined(const std::string &operand, int size) {
+    const double width = std::max(size * kLineWidth / 1000.0, kThinnestLine);
+    return "gsave" + operand + "true charpath 1 setlinejoin " + Decimal(width) +
+           " setlinewidth stroke grestore()";
 }
 
 std::string Integer(double number) {
@@ -144,7 +170,7 @@ void AddKeys(const char *name, const WatermarkText &text, const Look &look, int 
     add("Name", name);
     add("Type", "0");
     add("OnlyFirst", look.onlyFirst ? "1" : "0");
-    add("Text", text.operand);
+    add("Text", look.isFilled ? text.operand : Outlined(text.operand, size));
     add("Font", text.font);
     add("FontSize", std::to_string(size));
     add("ColorR", look.colour->red);
@@ -167,7 +193,8 @@ bool ExpandWatermark(const char *value, CompletionContext &context) {
     if (JobValue(context, KV_TICKET "WMARKNameTicket")) return false;  // it has one of its own
     const Look look = LookOf(context);
     const NamedText *named = FindRow(kTexts, value);
-    const WatermarkText text = MakeWatermarkText(*look.font, named ? named->text : value);
+    WatermarkText text = MakeWatermarkText(*look.font, named ? named->text : value,
+                                           kFieldLength - (look.isFilled ? 0 : kOutlineLength));
     if (text.box.left == text.box.right) {
         Note(context, TicketNotice::Dropped, "has no letters that the printer knows");
         return false;
@@ -176,6 +203,8 @@ bool ExpandWatermark(const char *value, CompletionContext &context) {
         Note(context, TicketNotice::Changed, "loses the letters that the printer does not know");
     }
     if (text.isCut) Note(context, TicketNotice::Changed, "is too long and loses its end");
+
+    if (!look.isFilled) text.box = WithLine(text.box);
 
     const Sheet sheet = SheetOf(context);
     const Direction direction = DirectionOn(sheet, look.angle);

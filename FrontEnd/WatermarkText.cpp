@@ -8,9 +8,6 @@
 
 namespace {
 
-// Bytes of a text in the ticket, without its NUL.
-constexpr std::size_t kFieldLength = 255;
-
 constexpr char kHyphen = '-';
 constexpr char kHyphenOfLatin1Fonts = '\xAD';  // whose '-' is a minus sign
 
@@ -59,7 +56,7 @@ std::string Latin1Font(const std::string &name) {
 
 }  // namespace
 
-WatermarkText MakeWatermarkText(const Font &font, const std::string &utf8) {
+WatermarkText MakeWatermarkText(const Font &font, const std::string &utf8, std::size_t size) {
     std::string latin1 = Latin1Of(utf8);
     const auto letters = std::count_if(utf8.begin(), utf8.end(), StartsLetter);
     const std::string name(font.name);
@@ -75,7 +72,7 @@ WatermarkText MakeWatermarkText(const Font &font, const std::string &utf8) {
     std::size_t length = 0;
     for (; length < latin1.size(); length++) {
         const std::string byte = Escaped(latin1[length]);
-        if (text.operand.size() + byte.size() + 1 > kFieldLength) break;
+        if (text.operand.size() + byte.size() + 1 > size) break;
         text.operand += byte;
     }
     text.operand += ')';

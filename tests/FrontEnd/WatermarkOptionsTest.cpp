@@ -70,7 +70,10 @@ struct Stamp {
         const std::string name(w.font);
         const Font *font = FindFont(name.substr(0, name.find("-Latin1")));
         EXPECT_TRUE(font);
-        const TextBox box = MeasureText(*font, Shown(w.text));
+        TextBox box = MeasureText(*font, Shown(w.text));
+        if (w.text[0] != '(') {  // outlined
+            box = {box.left - 8, box.bottom - 8, box.right + 8, box.top + 8};
+        }
         const double across[] = {box.left * size / 1000.0, box.right * size / 1000.0};
         const double up[] = {box.bottom * size / 1000.0, box.top * size / 1000.0};
         for (int i = 0; i < 4; i++) {
@@ -91,10 +94,10 @@ struct Stamp {
     }
 
   private:
-    // The letters of a PostScript string with no escapes but those of single letters.
+    // The letters of the PostScript string in an operand.
     static std::string Shown(const std::string &operand) {
         std::string text;
-        for (std::size_t i = 1; i + 1 < operand.size(); i++) {
+        for (std::size_t i = operand.find('(') + 1; operand.at(i) != ')'; i++) {
             const bool isCode = operand[i] == '\\';
             text += isCode ? static_cast<char>(std::stoi(operand.substr(i + 1, 3), nullptr, 8))
                            : operand[i];
@@ -120,13 +123,13 @@ TEST(WatermarkOptions, DraftHasAllThatTheModuleReads) {
         {"Name", "Draft"},
         {"Type", "0"},
         {"OnlyFirst", "0"},
-        {"Text", "(DRAFT)"},
+        {"Text", "gsave(DRAFT)true charpath 1 setlinejoin 3.79 setlinewidth stroke grestore()"},
         {"Font", "Helvetica-Bold"},
-        {"FontSize", "239"},
+        {"FontSize", "237"},
         {"ColorR", "0"},
         {"ColorG", "0"},
         {"ColorB", "0"},
-        {"Density", "20"},
+        {"Density", "40"},
         {"Angle", "55"},
         {"Orientation", "1"},
         {"PaperWidth", "595"},
@@ -144,7 +147,8 @@ TEST(WatermarkOptions, NoneAsksForNothing) {
 
 TEST(WatermarkOptions, EveryChoiceIsUsed) {
     const auto key = [](const std::string &option, const char *name) {
-        const CompletedTicket ticket = Complete("KVWatermark=Copy " + option);
+        const CompletedTicket ticket =
+            Complete("KVWatermark=Copy KVWatermarkStyle=Filled " + option);
         EXPECT_EQ(Notices(ticket), "") << option;
         return Key(ticket, name);
     };
@@ -157,6 +161,10 @@ TEST(WatermarkOptions, EveryChoiceIsUsed) {
         EXPECT_EQ(key(std::string("KVWatermarkFont=") + font, "Font"), font);
     }
     EXPECT_EQ(key("KVWatermarkSize=72", "FontSize"), "72");
+    EXPECT_EQ(key("KVWatermarkSize=100 KVWatermarkStyle=Outline", "Text"),
+              "gsave(COPY)true charpath 1 setlinejoin 1.60 setlinewidth stroke grestore()");
+    EXPECT_EQ(key("KVWatermarkSize=8 KVWatermarkStyle=Outline", "Text"),
+              "gsave(COPY)true charpath 1 setlinejoin 0.60 setlinewidth stroke grestore()");
     EXPECT_EQ(key("KVWatermarkSize=Custom.13", "FontSize"), "13");
     EXPECT_EQ(key("KVWatermarkSize=fit", "FontSize"), key("", "FontSize"));
     EXPECT_EQ(key("KVWatermarkAngle=30", "Angle"), "30");
@@ -189,9 +197,9 @@ TEST(WatermarkOptions, WhatIsNotUnderstoodIsNamedAndTakesItsDefault) {
           "KVWatermarkDensity=0", "KVWatermarkDensity=101", "KVWatermarkPages=Last"}) {
         const CompletedTicket ticket = Complete(std::string("KVWatermark=Draft ") + option);
         EXPECT_NE(Notices(ticket).find(option), std::string::npos) << Notices(ticket);
-        EXPECT_EQ(Key(ticket, "FontSize"), "239") << option;
+        EXPECT_EQ(Key(ticket, "FontSize"), "237") << option;
         EXPECT_EQ(Key(ticket, "Angle"), "55") << option;
-        EXPECT_EQ(Key(ticket, "Density"), "20") << option;
+        EXPECT_EQ(Key(ticket, "Density"), "40") << option;
     }
 }
 
@@ -299,14 +307,15 @@ TEST(WatermarkOptions, WhatCannotBeStampedIsSaid) {
     EXPECT_EQ(Key(Complete("KVWatermark=日本"), "Name"), "absent");
     EXPECT_EQ(Notices(Complete("KVWatermark=3€")),
               "KVWatermark=3€ loses the letters that the printer does not know\n");
-    EXPECT_EQ(Key(Complete("KVWatermark=3€"), "Text"), "(3)");
+    EXPECT_EQ(Key(Complete("KVWatermark=3€ KVWatermarkStyle=Filled"), "Text"), "(3)");
     EXPECT_EQ(Notices(Complete("KVWatermark=Draft PageSize=Tiny")),
               "KVWatermark=Draft does not fit the sheet\n");
     EXPECT_EQ(Key(Complete("KVWatermark=Draft PageSize=Tiny"), "Name"), "absent");
 }
 
 TEST(WatermarkOptions, LettersOfLatin1ArriveWhole) {
-    const CompletedTicket ticket = Complete("KVWatermark='Entwurf für Müller (100 %)'");
+    const CompletedTicket ticket =
+        Complete("KVWatermark='Entwurf für Müller (100 %)' KVWatermarkStyle=Filled");
     EXPECT_EQ(Notices(ticket), "");
     ReadTicket(WatermarkGetTicketFromPDE, ticket.options);
     EXPECT_STREQ(psOptionWatermark.text, "(Entwurf f\\374r M\\374ller \\050100 \\045\\051)");
@@ -319,4 +328,16 @@ TEST(WatermarkOptions, TheDialogsOwnKeysStayAsTheyAre) {
         "KVWatermark=Draft " KV_TICKET "WMARKNameTicket=mine " KV_TICKET "WMARKTextTicket=(MINE)");
     EXPECT_EQ(Key(ticket, "Text"), "(MINE)");
     EXPECT_EQ(Key(ticket, "Angle"), "absent");
+}
+
+// The ticket's field holds what is left of a text that is too long, and the code around it.
+TEST(WatermarkOptions, ALongTextLosesItsEnd) {
+    for (const char *style : {"Outline", "Filled"}) {
+        const CompletedTicket ticket = Complete("KVWatermark='" + std::string(100, '%') +
+                                                "' KVWatermarkSize=1 KVWatermarkStyle=" + style);
+        EXPECT_NE(Notices(ticket).find(" is too long and loses its end\n"), std::string::npos);
+        ReadTicket(WatermarkGetTicketFromPDE, ticket.options);
+        EXPECT_EQ(psOptionWatermark.text, Key(ticket, "Text"));
+        EXPECT_EQ(std::string(psOptionWatermark.text).back(), ')');
+    }
 }

@@ -12,7 +12,7 @@ namespace {
 const Font &kFont = *FindFont("Times-Roman");
 
 WatermarkText Text(const std::string &utf8) {
-    return MakeWatermarkText(kFont, utf8);
+    return MakeWatermarkText(kFont, utf8, 255);
 }
 
 // What Ghostscript prints for each glyph that the text shows in its font: its name.

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
+#include "CommonSource/FilterFrame/Source/JobTicket.h"
 #include "FrontEnd/CompleteTicket.h"
 #include "FrontEnd/FrontEnd.h"
 #include "support/TempFolder.h"

@@ -14,11 +14,12 @@
 // The line that it ends its set-up of a sheet of several pages with.
 inline constexpr char kSeveralPagesLine[] = "userdict/setpagedevice{pop}bind put\n";
 
-// What it makes of a document with `options` ("number-up=2").
-inline std::string ThroughPsToPs(const std::string &document, const std::string &options) {
+// What it makes of a document with `options` ("number-up=2") on a queue with the PPD `ppd`, a text.
+inline std::string ThroughPsToPs(const std::string &document, const std::string &options,
+                                 const std::string &ppd = PpdWith()) {
     const TempFolder folder;
     folder.Write("in.ps", document);
-    folder.Write("queue.ppd", PpdWith());
+    folder.Write("queue.ppd", ppd);
     const std::string command = "cd '" + folder.Path().string() +
                                 "' && PPD=queue.ppd \"$(cups-config --serverbin)/filter/pstops\" "
                                 "17 alice Report 1 '" +
