@@ -54,9 +54,11 @@ class InstallTest(unittest.TestCase):
         self.install()
         parts = {f"{data_folder()}/ppdc/korvell/{path.name}"
                  for path in (SOURCE_DIR / "ppd/korvell").iterdir()}
-        self.assertEqual(self.installed(),
-                         {filter_path(), f"{data_folder()}/drv/korvell.drv",
-                          "/usr/share/man/man8/kvfilter.8"} | parts)
+        self.assertEqual(self.installed(), parts | {
+            filter_path(), f"{data_folder()}/drv/korvell.drv",
+            "/usr/share/doc/kvfilter/job-format.md", "/usr/share/doc/kvfilter/options.md",
+            "/usr/share/man/man8/kvfilter.8",
+            "/usr/share/metainfo/org.kvfilter.driver.metainfo.xml"})
 
         # The scheduler runs no filter that others than root may change.
         mode = self.staged(filter_path()).stat().st_mode

@@ -32,9 +32,12 @@ def run(*command, **settings):
     return done.stdout
 
 
-def build_package(folder):
+def setUpModule():
+    global package
+    folder = pathlib.Path(unittest.enterModuleContext(tempfile.TemporaryDirectory()))
+    # Whatever the umask, the package's folders are open to all.
     run("cpack", "--config", BUILD_DIR / "CPackConfig.cmake", "-B", folder, umask=0o077)
-    return next(folder.glob("*.deb"))
+    package = next(folder.glob("*.deb"))
 
 
 def later_package(package, folder):
@@ -53,12 +56,9 @@ def later_package(package, folder):
 
 class ContentsTest(unittest.TestCase):
     def test_lintian_finds_no_error_and_no_warning(self):
-        with tempfile.TemporaryDirectory() as folder:
-            package = build_package(pathlib.Path(folder))
-            self.assertRegex(package.name, rf"^{NAME}_\d+\.\d+\.\d+-1_\w+\.deb$")
-            found = run("lintian", "--allow-root", "--no-cfg", "--fail-on", "error,warning",
-                        package)
-            self.assertEqual(found, "")
+        self.assertRegex(package.name, rf"^{NAME}_\d+\.\d+\.\d+-1_\w+\.deb$")
+        found = run("lintian", "--allow-root", "--no-cfg", "--fail-on", "error,warning", package)
+        self.assertEqual(found, "")
 
     def test_version_is_the_same_everywhere(self):
         version = run(BUILD_DIR / "kvfilter", "--version").split()
@@ -148,13 +148,12 @@ class Printer:
 class LifeTest(unittest.TestCase):
     def setUp(self):
         self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
-        self.package = build_package(self.folder / "package")
         self.machine = Machine(pathlib.Path(os.environ[IN_NAMESPACE]))
         self.machine.run("dpkg", "--purge", NAME)  # should the machine below have it
 
     def test_from_installation_to_removal(self):
         machine = self.machine
-        machine.run("dpkg", "-i", machine.put(self.package))
+        machine.run("dpkg", "-i", machine.put(package))
         machine.start_scheduler()
 
         models = machine.run("lpinfo", "--include-schemes", "drv", "-m")
@@ -174,7 +173,7 @@ class LifeTest(unittest.TestCase):
             self.assertTrue(expected in job, expected)
 
         # An upgrade gives the queue its new PPD and leaves what the administrator chose.
-        later = pathlib.Path(later_package(self.package, self.folder / "later"))
+        later = pathlib.Path(later_package(package, self.folder / "later"))
         self.assertNotIn("Roof", machine.read("/etc/cups/ppd/office.ppd"))
         machine.run("dpkg", "-i", machine.put(later))
         self.assertIn("*OutputBin Roof/Roof Tray: ", machine.read("/etc/cups/ppd/office.ppd"))
