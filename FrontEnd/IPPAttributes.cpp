@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <iterator>
 
+#include "CommonSource/FilterFrame/Source/BoundedText.h"
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
 
 namespace {

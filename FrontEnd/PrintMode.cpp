@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "CommonSource/FilterFrame/Source/BoundedText.h"
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
 #include "FrontEnd/ShortOptions.h"
 #include "FrontEnd/TicketText.h"

@@ -3,9 +3,10 @@
 
 #include <cstring>
 
+#include "CommonSource/FilterFrame/Source/BoundedText.h"
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
+#include "CommonSource/FilterFrame/Source/PJLLine.h"
 #include "Modules/Comment/CommentTicket.h"
-#include "Modules/Comment/JobInfoLine.h"
 
 namespace {
 
@@ -38,10 +39,9 @@ const char *Division(const CommentOptions &job) {
 int OutputKPJLCommandforBooklet() {
     if (!JobPPDAttributeIs(KPPDPrinterLanguageEncodingKey, "UTF-8")) return 0;
     const CommentOptions &job = psoptioncomment;
-    const int result =
-        PutSetting("JOBATTR=\"@DIND=%s\"\n", IsLandscapeSheet(job) ? "LANDSCAPE" : "PORTRAIT");
+    const int result = PutJobAttribute("DIND", IsLandscapeSheet(job) ? "LANDSCAPE" : "PORTRAIT");
     if (*job.signature == '\0') return result;
     const char *side = job.signature == kOptionNone ? "OFF" : BindingSide(job.signature);
-    if (side) PutSetting("JOBATTR=\"@DIBB=%s\"\n", side);
-    return PutSetting("JOBATTR=\"@DIBK=%s\"\n", Division(job));
+    if (side) PutJobAttribute("DIBB", side);
+    return PutJobAttribute("DIBK", Division(job));
 }

@@ -3,8 +3,9 @@
 
 #include <cstring>
 
+#include "CommonSource/FilterFrame/Source/BoundedText.h"
+#include "CommonSource/FilterFrame/Source/PJLLine.h"
 #include "Modules/Comment/CommentTicket.h"
-#include "Modules/Comment/JobInfoLine.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 #include <cstring>
 #include <iterator>
 
+#include "CommonSource/FilterFrame/Source/PJLLine.h"
 #include "Modules/Comment/ColorMode.h"
 #include "Modules/Comment/CommentTicket.h"
-#include "Modules/Comment/JobInfoLine.h"
 
 namespace {
 

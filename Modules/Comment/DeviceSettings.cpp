@@ -2,10 +2,11 @@
 #include "Modules/Comment/DeviceSettings.h"
 
 #include <cstring>
+#include <string>
 
+#include "CommonSource/FilterFrame/Source/PJLLine.h"
 #include "Modules/Comment/ColorMode.h"
 #include "Modules/Comment/CommentTicket.h"
-#include "Modules/Comment/JobInfoLine.h"
 
 namespace {
 
@@ -26,14 +27,15 @@ constexpr LineWeight lineWeights[] = {
 
 void PutLineWeight(const CommentText &value) {
     if (value == kLineWeightNormal) {
-        PutSetting("JOBATTR=\"@LWAD=0\"\n");
+        PutJobAttribute("LWAD", "0");
         return;
     }
     const char *digit = std::strpbrk(value, "0123456789");
     if (!digit) return;
     for (const LineWeight &weight : lineWeights) {
         if (!std::strstr(value, weight.direction)) continue;
-        PutSetting("JOBATTR=\"@LWAD=%s%c\"\n", weight.sign, *digit);
+        const std::string level = weight.sign + std::string(1, *digit);
+        PutJobAttribute("LWAD", level.c_str());
         return;
     }
 }

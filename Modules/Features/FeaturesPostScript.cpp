@@ -3,6 +3,7 @@
 
 #include <cstdarg>
 
+#include "CommonSource/FilterFrame/Source/BoundedText.h"
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
 #include "Modules/Features/FeaturesTicket.h"

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <cstring>
 #include <limits>
 #include <string_view>
@@ -11,17 +10,16 @@
 #include "CommonSource/FilterFrame/Source/BoundedText.h"
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
-#include "CommonSource/FilterFrame/Source/OutputWriter.h"
+#include "CommonSource/FilterFrame/Source/PJLLine.h"
 #include "Modules/PBind/PBindTicket.h"
 #include "Modules/PBind/PerfectBindParam.h"
 
 namespace {
 
-constexpr std::size_t kLineSize = 100;  // bytes of a line, its NUL included
 constexpr std::size_t kUnitLength = 2;  // "mm"
 constexpr std::int64_t kTenths = 10;    // in a millimetre
 
-PBindOptions &p = psoptionpbind;
+PBindOptions &ticket = psoptionpbind;
 
 // Width and height in tenths of a millimetre. Always whole millimetres, so that half of a
 // difference is exact. 64 bits leave room to calculate with any 32-bit number of the ticket.
@@ -35,19 +33,18 @@ bool IsGiven(const PBindText &field) {
 }
 
 bool IsBoundAtRight() {
-    return std::string_view(p.bindPosition) == kPBindRight;
+    return std::string_view(ticket.bindPosition) == kPBindRight;
 }
 
-void WriteNumber(std::int64_t number, const char *attribute) {
+// Beyond 32 bits the nearest number that has 32.
+void PutNumber(std::int64_t number, const char *attribute) {
     using Limits = std::numeric_limits<std::int32_t>;
     const std::int64_t bounded = std::clamp<std::int64_t>(number, Limits::min(), Limits::max());
-    char line[kLineSize];
-    std::snprintf(line, sizeof line, "@PJL SET JOBATTR=\"@%s=%d\"\n", attribute,
-                  static_cast<std::int32_t>(bounded));
-    KVfputs(line, stdout);
+    PutJobAttribute(attribute, static_cast<std::int32_t>(bounded));
 }
 
-// A length of the PPD, in points, as whole millimetres; what exceeds 32 bits is no length.
+// A length of the PPD, in points, as whole millimetres; what exceeds 32 bits is no length. The
+// printer takes 170 points for 60 millimetres, cut to tenths before they are cut to whole ones.
 std::int64_t TenthsFromPoints(float points) {
     if (!(std::fabs(points) < 0x1p31F)) return 0;
     return static_cast<std::int64_t>(points) * 60 / 17 / 10 * kTenths;
@@ -73,54 +70,54 @@ void ReplaceByKeyword(PBindText &field) {
     convertPBindPPDValue(field, field, sizeof field);
 }
 
-void WriteKeyword(PBindText &field, const char *attribute) {
+void PutKeyword(PBindText &field, const char *attribute) {
     ReplaceByKeyword(field);
     OutputKPJLCommandforPBindNormal(field, attribute);
 }
 
-Size WriteBodySize() {
-    if (!IsGiven(p.pageSize)) return {};
-    const Size body = PageSize(p.pageSize);
-    WriteKeyword(p.pageSize, "PBBP");
+Size PutBodySize() {
+    if (!IsGiven(ticket.pageSize)) return {};
+    const Size body = PageSize(ticket.pageSize);
+    PutKeyword(ticket.pageSize, "PBBP");
     return body;
 }
 
-// Writes what is cut off the body and how far the image moves with it. `cut` is the trimmed size
+// Puts what is cut off the body and how far the image moves with it. `cut` is the trimmed size
 // and `shift` the image shift as far as the ticket gives a size to cut to; positions come first.
-void WriteCut(const Size &body, const Size &cut, std::int64_t shift) {
-    const bool hasFore = IsGiven(p.cutPositionFore);
+void PutCut(const Size &body, const Size &cut, std::int64_t shift) {
+    const bool hasFore = IsGiven(ticket.cutPositionFore);
     if (hasFore) {
-        const std::int64_t fore = CutMillimetres(p.cutPositionFore);
+        const std::int64_t fore = CutMillimetres(ticket.cutPositionFore);
         shift = fore * kTenths / 2;
-        WriteNumber(body.width - fore * kTenths, "PBTW");
+        PutNumber(body.width - fore * kTenths, "PBTW");
     }
-    if (IsGiven(p.cutPositionTop)) {
-        WriteNumber(body.height - 2 * kTenths * CutMillimetres(p.cutPositionTop), "PBTH");
+    if (IsGiven(ticket.cutPositionTop)) {
+        PutNumber(body.height - 2 * kTenths * CutMillimetres(ticket.cutPositionTop), "PBTH");
     } else if (hasFore) {
-        WriteNumber(body.height, "PBTH");
+        PutNumber(body.height, "PBTH");
     } else {
-        WriteNumber(cut.width, "PBTW");
-        WriteNumber(cut.height, "PBTH");
+        PutNumber(cut.width, "PBTW");
+        PutNumber(cut.height, "PBTH");
     }
-    if (p.minimumCut != 0) return;
+    if (ticket.minimumCut != 0) return;
     const std::int64_t front = IsBoundAtRight() ? shift : -shift;
-    WriteNumber(front, "ISXO");
-    WriteNumber(-front, "ISXT");
+    PutNumber(front, "ISXO");
+    PutNumber(-front, "ISXT");
 }
 
-void WriteTrimmedSize(const Size &body) {
-    const bool isTrimmed = std::string_view(p.trimming) != kPBindOff;
+void PutTrimmedSize(const Size &body) {
+    const bool isTrimmed = std::string_view(ticket.trimming) != kPBindOff;
     Size cut;
     std::int64_t shift = 0;
-    if (IsGiven(p.cutPageSize)) {
-        cut = PageSize(p.cutPageSize);
+    if (IsGiven(ticket.cutPageSize)) {
+        cut = PageSize(ticket.cutPageSize);
         shift = (body.width - cut.width) / 2;
-        ReplaceByKeyword(p.cutPageSize);
+        ReplaceByKeyword(ticket.cutPageSize);
     } else {
-        CopyBounded(p.cutPageSize, isTrimmed ? "CUSTOM" : p.pageSize);
+        CopyBounded(ticket.cutPageSize, isTrimmed ? "CUSTOM" : ticket.pageSize);
     }
-    OutputKPJLCommandforPBindNormal(p.cutPageSize, "PBTP");
-    if (isTrimmed) WriteCut(body, cut, shift);
+    OutputKPJLCommandforPBindNormal(ticket.cutPageSize, "PBTP");
+    if (isTrimmed) PutCut(body, cut, shift);
 }
 
 // The fine adjustments in the order of their lines. The top and bottom of a book that is bound at
@@ -133,45 +130,43 @@ struct Adjustment {
 };
 // clang-format off
 constexpr Adjustment adjustments[] = {
-    {p.cutPageAdjustmentFore,   "PBAW", "PBAW", kPBindSignAsGiven},
-    {p.cutPageAdjustmentTB,     "PBAH", "PBAH", kPBindSignAsGiven},
-    {p.rotationAdjustTop,       "PBAT", "PBAB", kPBindSignAsGiven},
-    {p.rotationAdjustBot,       "PBAB", "PBAT", kPBindSignAsGiven},
-    {p.rotationAdjustFore,      "PBAF", "PBAF", kPBindSignTurnsForRight},
-    {p.coverAdjustX,            "PBAX", "PBAX", kPBindSignTurnsForRight},
-    {p.coverAdjustY,            "PBAY", "PBAY", kPBindSignTurnsForTopAndLeft},
-    {p.cutPositionAdjustmentTB, "PBAV", "PBAV", kPBindSignTurnsForRight},
+    {ticket.cutPageAdjustmentFore,   "PBAW", "PBAW", kPBindSignAsGiven},
+    {ticket.cutPageAdjustmentTB,     "PBAH", "PBAH", kPBindSignAsGiven},
+    {ticket.rotationAdjustTop,       "PBAT", "PBAB", kPBindSignAsGiven},
+    {ticket.rotationAdjustBot,       "PBAB", "PBAT", kPBindSignAsGiven},
+    {ticket.rotationAdjustFore,      "PBAF", "PBAF", kPBindSignTurnsForRight},
+    {ticket.coverAdjustX,            "PBAX", "PBAX", kPBindSignTurnsForRight},
+    {ticket.coverAdjustY,            "PBAY", "PBAY", kPBindSignTurnsForTopAndLeft},
+    {ticket.cutPositionAdjustmentTB, "PBAV", "PBAV", kPBindSignTurnsForRight},
 };
 // clang-format on
 
-void WriteAdjustments() {
+void PutAdjustments() {
     for (const Adjustment &row : adjustments) {
         const char *attribute = IsBoundAtRight() ? row.attributeForRight : row.attribute;
-        OutputKPJLCommandforPBindDigital(row.value, 1, attribute, p.bindPosition, row.sign);
+        OutputKPJLCommandforPBindDigital(row.value, 1, attribute, ticket.bindPosition, row.sign);
     }
 }
 
-void WriteCover() {
-    if (IsGiven(p.coverPageSize)) {
+void PutCover() {
+    if (IsGiven(ticket.coverPageSize)) {
         // The dialog offers "DL" for the cover that the printer knows as a tabloid sheet.
-        if (std::string_view(p.coverPageSize) == "DL") CopyBounded(p.coverPageSize, "Tabloid");
-        WriteKeyword(p.coverPageSize, "PBCP");
+        if (std::string_view(ticket.coverPageSize) == "DL")
+            CopyBounded(ticket.coverPageSize, "Tabloid");
+        PutKeyword(ticket.coverPageSize, "PBCP");
     }
-    if (IsGiven(p.coverMediaType)) WriteKeyword(p.coverMediaType, "PBCQ");
+    if (IsGiven(ticket.coverMediaType)) PutKeyword(ticket.coverMediaType, "PBCQ");
     // The printer takes the tray only together with a colour.
-    if (IsGiven(p.coverMediaColor)) {
-        WriteKeyword(p.coverMediaColor, "PBCC");
-        WriteKeyword(p.coverPaperTray, "PBCT");
+    if (IsGiven(ticket.coverMediaColor)) {
+        PutKeyword(ticket.coverMediaColor, "PBCC");
+        PutKeyword(ticket.coverPaperTray, "PBCT");
     }
 }
 
 }  // namespace
 
 void OutputKPJLCommandforPBindNormal(const char *value, const char *attribute) {
-    char line[kLineSize];
-    const int length =
-        std::snprintf(line, sizeof line, "@PJL SET JOBATTR=\"@%s=%s\"\n", attribute, value);
-    if (length > 0) KVfputs(line, stdout);
+    PutJobAttribute(attribute, value);
 }
 
 void OutputKPJLCommandforPBindDigital(const char *value, std::int32_t factor, const char *attribute,
@@ -182,16 +177,16 @@ void OutputKPJLCommandforPBindDigital(const char *value, std::int32_t factor, co
         (mode == kPBindSignTurnsForRight && position == kPBindRight) ||
         (mode == kPBindSignTurnsForTopAndLeft && (position == kPBindTop || position == kPBindLeft));
     const std::int64_t number = std::int64_t{LeadingInteger(value)} * factor;
-    WriteNumber(turns ? -number : number, attribute);
+    PutNumber(turns ? -number : number, attribute);
 }
 
 void OutputKPJLCommandforPerfectBind() {
-    if (!IsGiven(p.bindPosition) || std::string_view(p.bindPosition) == kPBindOff) return;
-    OutputKPJLCommandforPBindNormal(p.bindPosition, "PBRE");
-    OutputKPJLCommandforPBindNormal(p.rotation, "MSDA");
-    OutputKPJLCommandforPBindNormal(p.trimming, "PBTC");
-    WriteTrimmedSize(WriteBodySize());
-    WriteAdjustments();
-    WriteCover();
+    if (!IsGiven(ticket.bindPosition) || std::string_view(ticket.bindPosition) == kPBindOff) return;
+    OutputKPJLCommandforPBindNormal(ticket.bindPosition, "PBRE");
+    OutputKPJLCommandforPBindNormal(ticket.rotation, "MSDA");
+    OutputKPJLCommandforPBindNormal(ticket.trimming, "PBTC");
+    PutTrimmedSize(PutBodySize());
+    PutAdjustments();
+    PutCover();
     OutputKPJLCommandforPBindNormal(kPBindOff, "PBCI");
 }

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "CommonSource/FilterFrame/Source/BoundedText.h"
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
 #include "Modules/SpecialPage/SpecialPageTemplates.h"
 #include "Modules/SpecialPage/SpecialPageTicket.h"

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "CommonSource/FilterFrame/Source/BoundedText.h"
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
 #include "Modules/Watermark/WatermarkTicket.h"

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <vector>
 
+#include "CommonSource/FilterFrame/Source/BoundedText.h"
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
 #include "CommonSource/FilterFrame/Source/TextEncoding.h"
 #include "fuzz/Fuzz.h"

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Texts in buffers of fixed size.
+// Texts in buffers of fixed size, and the numbers in them.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 // Clears `destination` over its `size` bytes and copies as much of `source` as leaves room for a
@@ -17,3 +18,11 @@ template <std::size_t size>
 void CopyBounded(char (&destination)[size], const char *source) {
     CopyBounded(destination, size, source);
 }
+
+// Writes the positive `number` right-aligned into `buffer` of `size` bytes and returns its first
+// digit; zero is an empty text. Digits that do not fit on the left are dropped.
+char *itoa(std::int32_t number, char *buffer, std::int32_t size);
+
+// The decimal integer that `text` begins with, after blanks and a sign, clamped to 32 bits; 0 if
+// there is none. Independent of the locale.
+std::int32_t LeadingInteger(const char *text);

@@ -8,6 +8,7 @@
 
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
+#include "CommonSource/FilterFrame/Source/PJLLine.h"
 #include "Tables/FeaturePJLTable.h"
 
 namespace {
@@ -37,17 +38,9 @@ const char *FindSetting(const Choice (&choices)[count], std::string_view value) 
     return nullptr;
 }
 
-void PutJobAttribute(const char *name, const char *value) {
-    char command[100];
-    std::snprintf(command, sizeof command, "@PJL SET JOBATTR=\"@%s=%s\"\n", name, value);
-    KVfputs(command, stdout);
-}
-
 void PutResolution(const char *resolution) {
-    char command[100];
-    std::snprintf(command, sizeof command, "@PJL SET RESOLUTION=%s\n", resolution);
-    KVfputs(command, stdout);
-    KVfputs("@PJL SET BITSPERPIXEL=1\n", stdout);
+    PutSetting("RESOLUTION=%s\n", resolution);
+    PutSetting("BITSPERPIXEL=1\n");
     PutJobAttribute("DRDM", "RASTER");
 }
 
@@ -60,7 +53,7 @@ std::string_view TakeToken(std::string_view &text) {
 }
 
 // The setting whose value stands from `first` to `last`.
-void PutSetting(const char *line, std::int32_t first, std::int32_t last) {
+void PutSettingAt(const char *line, std::int32_t first, std::int32_t last) {
     const std::int32_t nameStart = first - kNameDistance;
     if (nameStart < 0) return;
     char *name = GetSubString(line, nameStart, nameStart + kNameLength - 1);
@@ -107,7 +100,7 @@ void PutSettingsPJL(std::string_view line) {
     for (std::size_t i = 0; i < count; i++) {
         const std::int32_t first = digits[i];
         const bool twoDigits = i + 1 < count && digits[i + 1] == first + 1;
-        PutSetting(line.data(), first, first + twoDigits);
+        PutSettingAt(line.data(), first, first + twoDigits);
         i += twoDigits;
     }
 }

@@ -31,10 +31,11 @@
 // The keys of the printer's own print-dialog plug-ins begin with this.
 #define KV_TICKET "com.korvell.tav.printsettings."
 
-// Stores the value of `key` in `destination`, `size` bytes (for texts with their NUL, 4 for
-// numbers). Returns 1 when the ticket has the key, else 0.
-using TicketGetter = int (*)(const char *key, int optionCount, cups_option_t *options,
-                             void *destination, std::int32_t size);
+// A getter stores the value of `key` in `destination`, `size` bytes (for texts with their NUL, 4
+// for numbers). It returns 1 when the ticket has the key, else 0.
+using TicketGetterFunction = int(const char *key, int optionCount, cups_option_t *options,
+                                 void *destination, std::int32_t size);
+using TicketGetter = TicketGetterFunction *;
 
 // One row of a module's ticket table. When two rows have the same destination, the later one wins.
 struct ticketData {
@@ -61,21 +62,26 @@ struct TicketOptions {
 // Reads `count` rows of `table` from argv[5], in order. Returns 1.
 int GetTicketFromArray(char *const argv[], const ticketData *table, std::int32_t count);
 
-// The getters. An absent key leaves texts empty and numbers at -1.
-int CheckTicketKey(const char *, int, cups_option_t *, void *, std::int32_t);  // 0 when present!
-int GetTicketInteger(const char *, int, cups_option_t *, void *, std::int32_t);
-int GetTicketFloat(const char *, int, cups_option_t *, void *, std::int32_t);
-int GetTicketString(const char *, int, cups_option_t *, void *, std::int32_t);
-// As above, with slash-coded values decoded.
-int GetTicketStringConvertedToPrtLang(const char *, int, cups_option_t *, void *, std::int32_t);
-int GetTicketStringConvertedToPrtLangForUTF8(const char *, int, cups_option_t *, void *,
-                                             std::int32_t);
-int GetTicketStringConvertedToPPDEncodingString(const char *, int, cups_option_t *, void *,
-                                                std::int32_t);
+// 0 when the key is present, 1 when it is absent. Returns 1 always.
+TicketGetterFunction CheckTicketKey;
+
+// The number that the value begins with; -1 for an absent key.
+TicketGetterFunction GetTicketInteger;
+TicketGetterFunction GetTicketFloat;
+
+// The text in the printer's encoding, as it stands and with slash codes decoded. An absent key
+// leaves an empty text, here and below.
+TicketGetterFunction GetTicketString;
+TicketGetterFunction GetTicketStringConvertedToPrtLang;
+
+// The text decoded, in UTF-8 and as the PPD's encoding asks for it (TextEncoding.h).
+TicketGetterFunction GetTicketStringConvertedToPrtLangForUTF8;
+TicketGetterFunction GetTicketStringConvertedToPPDEncodingString;
+
 // The number of pages on a sheet, from the key or else from the layout's rows and columns: "N4" and
 // "1", and for the job information "4" and "1". These return 1 always.
-int GetNumberUpTicketString(const char *, int, cups_option_t *, void *, std::int32_t);
-int GetNumberUpTicketStringForComment(const char *, int, cups_option_t *, void *, std::int32_t);
+TicketGetterFunction GetNumberUpTicketString;
+TicketGetterFunction GetNumberUpTicketStringForComment;
 
 // The name of each getter, for tools that explain a ticket.
 struct TicketGetterName {
@@ -87,14 +93,6 @@ extern const TicketGetterName ticketGetterNames[9];
 
 // Decodes in place a slash-coded text ("/72/105" is "Hi"), in a buffer of `size` bytes.
 void numstrtochar(char *text, std::int32_t size);
-
-// Writes the positive `number` right-aligned into `buffer` of `size` bytes and returns its first
-// digit; zero is an empty text. Digits that do not fit on the left are dropped.
-char *itoa(std::int32_t number, char *buffer, std::int32_t size);
-
-// The decimal integer that `text` begins with, after blanks and a sign, clamped to 32 bits; 0 if
-// there is none. Independent of the locale.
-std::int32_t LeadingInteger(const char *text);
 
 // System keys that several modules read.
 constexpr char kNumberUpTicketKey[] = "number-up";

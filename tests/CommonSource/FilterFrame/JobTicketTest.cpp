@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string>
 
+#include "CommonSource/FilterFrame/Source/BoundedText.h"
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Modules/Comment/JobInfoLine.h"
+#include "CommonSource/FilterFrame/Source/PJLLine.h"
 
 #include <cstdarg>
 #include <cstddef>
@@ -22,18 +22,26 @@ int PutLine(std::string_view beginning, const char *format, std::va_list values)
 
 }  // namespace
 
-int PutJobInfo(const char *format, ...) {
-    std::va_list values;
-    va_start(values, format);
-    const int result = PutLine("@PJL COMMENT KVJOBINFO ", format, values);
-    va_end(values);
-    return result;
+int PutJobAttribute(const char *name, const char *value) {
+    return PutSetting("JOBATTR=\"@%s=%s\"\n", name, value);
+}
+
+int PutJobAttribute(const char *name, std::int32_t value) {
+    return PutSetting("JOBATTR=\"@%s=%d\"\n", name, value);
 }
 
 int PutSetting(const char *format, ...) {
     std::va_list values;
     va_start(values, format);
     const int result = PutLine("@PJL SET ", format, values);
+    va_end(values);
+    return result;
+}
+
+int PutJobInfo(const char *format, ...) {
+    std::va_list values;
+    va_start(values, format);
+    const int result = PutLine("@PJL COMMENT KVJOBINFO ", format, values);
     va_end(values);
     return result;
 }

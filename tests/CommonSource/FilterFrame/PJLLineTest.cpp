@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Modules/Comment/JobInfoLine.h"
+#include "CommonSource/FilterFrame/Source/PJLLine.h"
 
 #include <gtest/gtest.h>
 
@@ -8,14 +8,24 @@
 #include "support/CaptureOutput.h"
 #include "support/CommentJob.h"
 
-TEST(JobInfoLine, BeginsAsItsKindDoes) {
+TEST(PJLLine, BeginsAsItsKindDoes) {
     EXPECT_EQ(CaptureOutput([] { EXPECT_GE(PutJobInfo("A=%d[%s]\n", 7, "x%sy"), 0); }),
               "@PJL COMMENT KVJOBINFO A=7[x%sy]\n");
     EXPECT_EQ(CaptureOutput([] { EXPECT_GE(PutSetting("B=%c\n", '3'), 0); }), "@PJL SET B=3\n");
 }
 
+TEST(PJLLine, SetsAJobAttribute) {
+    EXPECT_EQ(CaptureOutput([] { EXPECT_GE(PutJobAttribute("PBTP", "a%sb"), 0); }),
+              "@PJL SET JOBATTR=\"@PBTP=a%sb\"\n");
+    EXPECT_EQ(CaptureOutput([] { EXPECT_GE(PutJobAttribute("PBTW", -2147483647 - 1), 0); }),
+              "@PJL SET JOBATTR=\"@PBTW=-2147483648\"\n");
+    const std::string text(200, 'z');
+    EXPECT_EQ(CaptureOutput([&] { PutJobAttribute("PBTP", text.c_str()); }),
+              ("@PJL SET JOBATTR=\"@PBTP=" + text).substr(0, 99));
+}
+
 // The line end counts: a line that is too long loses it first.
-TEST(JobInfoLine, IsCutAt99Bytes) {
+TEST(PJLLine, IsCutAt99Bytes) {
     const std::string prefix = "@PJL COMMENT KVJOBINFO ";
     for (const std::size_t length : {74U, 75U, 76U, 77U, 255U, 5000U}) {
         SCOPED_TRACE(length);
@@ -28,7 +38,9 @@ TEST(JobInfoLine, IsCutAt99Bytes) {
               ("@PJL SET " + text).substr(0, 99));
 }
 
-TEST(JobInfoLine, ReturnsTheFailureOfTheWrite) {
+TEST(PJLLine, ReturnsTheFailureOfTheWrite) {
     EXPECT_EQ(ResultOfFailedWrite([] { return PutJobInfo("A\n"); }), EOF);
     EXPECT_EQ(ResultOfFailedWrite([] { return PutSetting("A\n"); }), EOF);
+    EXPECT_EQ(ResultOfFailedWrite([] { return PutJobAttribute("A", "b"); }), EOF);
+    EXPECT_EQ(ResultOfFailedWrite([] { return PutJobAttribute("A", 1); }), EOF);
 }
