@@ -7,6 +7,10 @@
 #include <cstdint>
 #include <cstring>
 
+// The type of a text of at most size - 1 bytes.
+template <std::size_t size>
+using TextField = char[size];
+
 // Clears `destination` over its `size` bytes and copies as much of `source` as leaves room for a
 // NUL. The two do not overlap.
 inline void CopyBounded(char *destination, std::size_t size, const char *source) {

@@ -28,6 +28,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "CommonSource/FilterFrame/Source/BoundedText.h"
+
 // The keys of the printer's own print-dialog plug-ins begin with this.
 #define KV_TICKET "com.korvell.tav.printsettings."
 
@@ -121,9 +123,6 @@ constexpr char KAdobePaperInfoRectWidthTicketKey[]   = KV_PAPER_RECT "3..n.";
 // clang-format on
 
 // What a row file is expanded with.
-template <std::size_t size>
-using TextField = char[size];
-
 #define KV_KEY_CONSTANT(field, type, constant, key, ...) KV_CONSTANT_IF_GIVEN(constant, key)
 #define KV_CONSTANT_IF_GIVEN(constant, ...) \
     __VA_OPT__(inline constexpr char constant[] = __VA_ARGS__;)
