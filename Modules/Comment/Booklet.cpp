@@ -5,7 +5,7 @@
 
 #include "CommonSource/FilterFrame/Source/BoundedText.h"
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
-#include "CommonSource/FilterFrame/Source/PJLLine.h"
+#include "CommonSource/FilterFrame/Source/PutPJL.h"
 #include "Modules/Comment/CommentTicket.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <iterator>
 
-#include "CommonSource/FilterFrame/Source/PJLLine.h"
+#include "CommonSource/FilterFrame/Source/PutPJL.h"
 #include "Modules/Comment/ColorMode.h"
 #include "Modules/Comment/CommentTicket.h"
 

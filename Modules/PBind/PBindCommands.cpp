@@ -10,7 +10,7 @@
 #include "CommonSource/FilterFrame/Source/BoundedText.h"
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
-#include "CommonSource/FilterFrame/Source/PJLLine.h"
+#include "CommonSource/FilterFrame/Source/PutPJL.h"
 #include "Modules/PBind/PBindTicket.h"
 #include "Modules/PBind/PerfectBindParam.h"
 

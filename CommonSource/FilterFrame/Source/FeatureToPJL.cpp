@@ -8,7 +8,7 @@
 
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
-#include "CommonSource/FilterFrame/Source/PJLLine.h"
+#include "CommonSource/FilterFrame/Source/PutPJL.h"
 #include "Tables/FeaturePJLTable.h"
 
 namespace {

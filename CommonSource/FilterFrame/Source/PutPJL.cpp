@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CommonSource/FilterFrame/Source/PJLLine.h"
+#include "CommonSource/FilterFrame/Source/PutPJL.h"
 
 #include <cstdarg>
 #include <cstddef>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CommonSource/FilterFrame/Source/PJLLine.h"
+#include "CommonSource/FilterFrame/Source/PutPJL.h"
 
 #include <gtest/gtest.h>
 
@@ -8,13 +8,13 @@
 #include "support/CaptureOutput.h"
 #include "support/CommentJob.h"
 
-TEST(PJLLine, BeginsAsItsKindDoes) {
+TEST(PutPJL, BeginsAsItsKindDoes) {
     EXPECT_EQ(CaptureOutput([] { EXPECT_GE(PutJobInfo("A=%d[%s]\n", 7, "x%sy"), 0); }),
               "@PJL COMMENT KVJOBINFO A=7[x%sy]\n");
     EXPECT_EQ(CaptureOutput([] { EXPECT_GE(PutSetting("B=%c\n", '3'), 0); }), "@PJL SET B=3\n");
 }
 
-TEST(PJLLine, SetsAJobAttribute) {
+TEST(PutPJL, SetsAJobAttribute) {
     EXPECT_EQ(CaptureOutput([] { EXPECT_GE(PutJobAttribute("PBTP", "a%sb"), 0); }),
               "@PJL SET JOBATTR=\"@PBTP=a%sb\"\n");
     EXPECT_EQ(CaptureOutput([] { EXPECT_GE(PutJobAttribute("PBTW", -2147483647 - 1), 0); }),
@@ -25,7 +25,7 @@ TEST(PJLLine, SetsAJobAttribute) {
 }
 
 // The line end counts: a line that is too long loses it first.
-TEST(PJLLine, IsCutAt99Bytes) {
+TEST(PutPJL, IsCutAt99Bytes) {
     const std::string prefix = "@PJL COMMENT KVJOBINFO ";
     for (const std::size_t length : {74U, 75U, 76U, 77U, 255U, 5000U}) {
         SCOPED_TRACE(length);
@@ -38,7 +38,7 @@ TEST(PJLLine, IsCutAt99Bytes) {
               ("@PJL SET " + text).substr(0, 99));
 }
 
-TEST(PJLLine, ReturnsTheFailureOfTheWrite) {
+TEST(PutPJL, ReturnsTheFailureOfTheWrite) {
     EXPECT_EQ(ResultOfFailedWrite([] { return PutJobInfo("A\n"); }), EOF);
     EXPECT_EQ(ResultOfFailedWrite([] { return PutSetting("A\n"); }), EOF);
     EXPECT_EQ(ResultOfFailedWrite([] { return PutJobAttribute("A", "b"); }), EOF);
