@@ -84,6 +84,10 @@ void ReportDebug(std::string_view text) {
     Report("DEBUG: ", text);
 }
 
+void ReportAttribute(std::string_view text) {
+    Report("ATTR: ", text);
+}
+
 bool ErrorWasReported() {
     return errorReported;
 }

@@ -28,5 +28,9 @@ void ReportInfo(std::string_view text);
 // "DEBUG: text": for the scheduler's log only.
 void ReportDebug(std::string_view text);
 
+// "ATTR: text": the value of an attribute that CUPS keeps of the job or the printer,
+// "job-media-progress=50".
+void ReportAttribute(std::string_view text);
+
 // Whether an error has been reported: the job's exit status is then 1.
 bool ErrorWasReported();

@@ -53,7 +53,13 @@ float Thinned(float component) {
     return 1.0F - (1.0F - component) * density;
 }
 
-void PutStamp(std::FILE *stream) {
+}  // namespace
+
+bool WatermarkIsDrawn() {
+    return psOptionWatermark.name[0] != '\0' && psOptionWatermark.type == kWatermarkText;
+}
+
+void WatermarkOutputStamp(std::FILE *stream) {
     const WatermarkOptions &w = psOptionWatermark;
     float x = 0.0F;
     float y = 0.0F;
@@ -68,15 +74,13 @@ void PutStamp(std::FILE *stream) {
     KVfprintf(stream, "grestore\n");
 }
 
-}  // namespace
-
 void WatermarkOutputPSCommandFromFilter(int point, int, std::FILE *stream) {
-    if (psOptionWatermark.name[0] == '\0' || psOptionWatermark.type != kWatermarkText) return;
+    if (!WatermarkIsDrawn()) return;
     psOptionWatermark.options = 1;
     for (Snippet &snippet : snippets) {
         if (snippet.point != point || !snippet.toPrint) continue;
         KVfprintf(stream, snippet.code);
-        if (snippet.stamps) PutStamp(stream);
+        if (snippet.stamps) WatermarkOutputStamp(stream);
         snippet.toPrint = psOptionWatermark.onlyFirst == 0;
     }
 }

@@ -7,6 +7,12 @@
 
 #include <cstdio>
 
+// Whether the job has a watermark that is drawn: a text.
+bool WatermarkIsDrawn();
+
+// Writes the text, its colour and its place to `stream`, and the grestore after them.
+void WatermarkOutputStamp(std::FILE *stream);
+
 // Writes what the watermark needs at the injection point `point` to `stream`: nothing without a
 // text watermark, and each piece only once if the watermark is for the first page alone. The page
 // number is not looked at.

@@ -12,6 +12,7 @@
 #include "CommonSource/FilterFrame/Source/JobHeader.h"
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
 #include "CommonSource/FilterFrame/Source/PostScriptLines.h"
+#include "CommonSource/FilterFrame/Source/StructuredDocument.h"
 #include "FrontEnd/FrontEnd.h"
 #include "FrontEnd/Messages.h"
 
@@ -22,7 +23,8 @@ namespace {
 constexpr char PPDPJLOutFileFormat[] = "/private/tmp/kvPPDPJL%s.job";
 
 void PutPJL(const DocumentPiece &piece, FeatureState &state) {
-    const std::string_view line = piece.text.substr(0, piece.text.size() - 1);
+    std::string_view line = piece.text;
+    if (IsLineEnd(line.back())) line.remove_suffix(1);
     if (piece.kind == DocumentPiece::kFeature) PutFeaturePJL(line, state);
     if (piece.kind == DocumentPiece::kSettings) PutSettingsPJL(line);
 }
@@ -38,14 +40,14 @@ void PutEnd(int lastByte, std::FILE *stored) {
     if (lastByte != kEndOfPostScriptJob) KVfputc(kEndOfPostScriptJob, stored);
 }
 
-// Reads the document into `stored` and writes the PJL of its features. Returns whether it is to be
-// sent: not if the job was cancelled and, with plain CUPS, not if a part is missing.
-bool StoreDocument(int document, const char *name, char *const argv[], std::FILE *stored) {
-    DocumentReader reader(document, DocumentReader::kFeatures);
+// Reads the document into `stored` and writes the PJL of its features. False if the job was
+// cancelled.
+bool StoreDocument(int file, char *const argv[], std::FILE *stored) {
+    DocumentReader reader(file, DocumentReader::kFeatures);
     FeatureState features = StartFeatures();
     DocumentState state;
     DocumentPiece piece;
-    while (!OutputHasFailed(stored) && reader.Next(piece)) {
+    while (reader.Next(piece)) {
         PutPJL(piece, features);
         // After a gap nothing is stored: a page with a hole in it would print nonsense.
         if (std::ferror(stored)) {
@@ -58,8 +60,25 @@ bool StoreDocument(int document, const char *name, char *const argv[], std::FILE
             return false;
         }
     }
-    if (DocumentIsCut(name, reader.Error())) return false;
     if (!std::ferror(stored)) PutEnd(reader.LastByte(), stored);
+    KVfflush(stored);
+    return true;
+}
+
+// The same for a document of any maker, called `name`; also false if a part of it is missing.
+// `pages` becomes the number of its pages.
+bool StoreStructuredDocument(int file, const char *name, std::FILE *stored, int &pages) {
+    DocumentReader reader(file, DocumentReader::kFeaturesAndComments);
+    StructuredDocument document(StructuredDocument::kToStore, reader, stored);
+    FeatureState features = StartFeatures();
+    DocumentPiece piece;
+    while (!OutputHasFailed(stored) && reader.Next(piece)) {
+        PutPJL(piece, features);
+        if (!document.Put(piece)) return false;
+    }
+    if (DocumentIsCut(name, reader.Error())) return false;
+    document.PutEnd();
+    pages = document.PagesEnded();
     KVfflush(stored);
     if (OutputHasFailed(stored)) ReportError(PPDPJLOutFilePath, "could not be written", writeError);
     return !OutputHasFailed(stored);
@@ -67,42 +86,67 @@ bool StoreDocument(int document, const char *name, char *const argv[], std::FILE
 
 // Sends the stored document. The job copy has it already.
 void SendDocument(std::FILE *stored) {
-    lseek(fileno(stored), 0, SEEK_SET);
     DocumentReader reader(fileno(stored), DocumentReader::kPlain);
     DocumentPiece piece;
-    while (!OutputHasFailed(stdout) && reader.Next(piece)) {
+    while (reader.Next(piece)) {
         WriteUncopied(piece.text.data(), piece.text.size(), stdout);
         if (EndsCancelledJob(piece)) return;
     }
-    DocumentIsCut(PPDPJLOutFilePath, reader.Error());
 }
 
-// With plain CUPS nothing but this process can reach the document, and nothing is left of it.
-std::FILE *CreateStore() {
-    std::FILE *const stored = FrontEndIsCUPS()
-                                  ? CreateNamelessFile(PPDPJLOutFileFormat, PPDPJLOutFilePath)
-                                  : CreatePrivateFile(PPDPJLOutFileFormat, PPDPJLOutFilePath);
-    if (!stored) ReportError(PPDPJLOutFilePath, "could not be made", errno);
-    return stored;
+// The same for a document of any maker, of `pages` pages.
+void SendStructuredDocument(std::FILE *stored, int pages) {
+    DocumentReader reader(fileno(stored), DocumentReader::kComments);
+    StructuredDocument document(StructuredDocument::kFromStore, reader, stdout, pages);
+    DocumentPiece piece;
+    while (!OutputHasFailed(stdout) && reader.Next(piece)) {
+        if (!document.Put(piece)) return;
+    }
+    if (!DocumentIsCut(PPDPJLOutFilePath, reader.Error())) document.PutEnd();
+}
+
+// Of plain CUPS's documents nothing but this process can reach the store, and nothing is left of
+// it.
+void PassThroughNamelessFile(int file, const char *name, char *const argv[]) {
+    std::FILE *stored = CreateNamelessFile(PPDPJLOutFileFormat, PPDPJLOutFilePath);
+    if (!stored) {
+        ReportError(PPDPJLOutFilePath, "could not be made", errno);
+        return;
+    }
+    int pages = 0;
+    if (StoreStructuredDocument(file, name, stored, pages)) {
+        OutputKPJLCommandFromArray(argv, prtFmtTableEnterPS, numFmtTableEnterPS);
+        lseek(fileno(stored), 0, SEEK_SET);
+        SendStructuredDocument(stored, pages);
+    }
+    std::fclose(stored);
+}
+
+void PassThroughFile(int file, char *const argv[]) {
+    std::FILE *stored = CreatePrivateFile(PPDPJLOutFileFormat, PPDPJLOutFilePath);
+    if (!stored) return;
+    if (StoreDocument(file, argv, stored)) {
+        OutputKPJLCommandFromArray(argv, prtFmtTableEnterPS, numFmtTableEnterPS);
+        // Whoever has taken the file away or put another in its place has taken the document.
+        if (IsNameOf(PPDPJLOutFilePath, stored)) {
+            lseek(fileno(stored), 0, SEEK_SET);
+            SendDocument(stored);
+            std::remove(PPDPJLOutFilePath);
+        }
+    }
+    std::fclose(stored);
 }
 
 }  // namespace
 
 void OutputPSStreamtoFileandInsertPJLforFeaturePDE(int argc, char *const argv[]) {
     const bool fromStandardInput = argc != 7;
-    const int document = OpenDocument(fromStandardInput, argv);
-    if (document < 0) return;
-    std::FILE *stored = CreateStore();
-    if (!stored) return;
-    const bool isToBeSent =
-        StoreDocument(document, DocumentName(fromStandardInput, argv), argv, stored);
-    close(document);
-    if (isToBeSent) {
-        OutputKPJLCommandFromArray(argv, prtFmtTableEnterPS, numFmtTableEnterPS);
-        // Whoever has taken the file away or put another in its place has taken the document.
-        const bool isOurs = FrontEndIsCUPS() || IsNameOf(PPDPJLOutFilePath, stored);
-        if (isOurs) SendDocument(stored);
-        if (isOurs && !FrontEndIsCUPS()) std::remove(PPDPJLOutFilePath);
+    const int file = OpenDocument(fromStandardInput, argv);
+    if (file < 0) return;
+    if (FrontEndIsCUPS()) {
+        PassThroughNamelessFile(file, DocumentName(fromStandardInput, argv), argv);
+    } else {
+        PassThroughFile(file, argv);
     }
-    std::fclose(stored);
+    close(file);
 }

@@ -11,6 +11,7 @@
 #include <cstring>
 
 #include "FrontEnd/Cancel.h"
+#include "FrontEnd/ForeignPJL.h"
 #include "FrontEnd/FrontEnd.h"
 #include "FrontEnd/Messages.h"
 
@@ -24,10 +25,6 @@ constexpr std::string_view kBeginFeature = "%%BeginFeature:";
 constexpr std::string_view kScreenSettings[] = {"TSCR", "GSCR", "ISCR", "TTRC", "GTRC", "ITRC"};
 constexpr std::string_view kColorSettings[] = {"TCPR", "GCPR", "ICPR"};
 
-bool IsLineEnd(char byte) {
-    return byte == '\n' || byte == '\r';
-}
-
 // A signal that comes right before a wait does not end it, so that no wait is longer than this.
 constexpr int kLongestWait = 1000;  // milliseconds
 
@@ -37,6 +34,23 @@ bool AwaitInput(int file, int timeout) {
     pollfd input = {file, POLLIN, 0};
     const int count = poll(&input, 1, timeout);
     return count > 0 || file < 0 || (count < 0 && errno != EINTR);
+}
+
+LineSearch::Search SearchOf(DocumentReader::Mode mode, const LineSearch &search) {
+    switch (mode) {
+        case DocumentReader::kFeatures:
+            return search.findSpecialOrSettingsLine;
+        case DocumentReader::kComments:
+            return search.findCommentLine;
+        case DocumentReader::kFeaturesAndComments:
+            return search.findCommentOrSettingsLine;
+        default:
+            return search.findSpecialLine;
+    }
+}
+
+bool KnowsComments(DocumentReader::Mode mode) {
+    return mode == DocumentReader::kComments || mode == DocumentReader::kFeaturesAndComments;
 }
 
 template <std::size_t count>
@@ -65,10 +79,23 @@ bool DocumentIsCut(const char *name, int error) {
     return true;
 }
 
+DocumentPiece PieceOfLine(std::string_view line) {
+    const std::size_t end = line.find_last_not_of("\r\n") + 1;
+    const std::string_view text = line.substr(0, end);
+    const Comment comment = FindComment(text);
+    if (comment != Comment::kNone) return {DocumentPiece::kComment, line, nullptr, comment};
+    const SpecialLine *special = FindSpecialLine(text);
+    return {special ? DocumentPiece::kSpecial : DocumentPiece::kLine, line, special};
+}
+
 DocumentReader::DocumentReader(int file, Mode mode, void (*beforeWaiting)(),
                                const LineSearch &search)
-    : file_(file), mode_(mode), beforeWaiting_(beforeWaiting), search_(search) {
-    std::memset(buffer_, 0, kRoom);  // the search looks back
+    : file_(file),
+      mode_(mode),
+      beforeWaiting_(beforeWaiting),
+      search_(search),
+      findLine_(SearchOf(mode, search)) {
+    std::memset(buffer_, '\n', kRoom);  // the search looks back, and a document starts with a line
 }
 
 bool DocumentReader::PlacesAreInOrder() const {
@@ -99,7 +126,7 @@ bool DocumentReader::Next(DocumentPiece &piece) {
         }
         if (TakeRun(piece)) return true;
     } while (Refill());
-    return false;
+    return error_ == 0 && KnowsComments(mode_) && TakeLastLine(piece);
 }
 
 int DocumentReader::LastByte() const {
@@ -118,16 +145,16 @@ const char *DocumentReader::LineStart(const char *first, const char *end) const 
 // Searches what has arrived for the next recognised line; if there is one, the search has then
 // reached the line after it, else all that has arrived.
 bool DocumentReader::FindRecognisedLine(DocumentPiece &line) {
-    const LineSearch::Search findLine =
-        mode_ == kFeatures ? search_.findSpecialOrSettingsLine : search_.findSpecialLine;
+    PassData();
     while (scan_ != limit_) {
-        const char *hit = (lineMayMatter_ ? search_.findLineEnd : findLine)(scan_, limit_);
+        const bool hasSigns = lineMayMatter_ || lineIsAsked_;
+        const char *hit = (hasSigns ? search_.findLineEnd : findLine_)(scan_, limit_);
         if (hit == limit_) break;
         scan_ = hit + 1;
-        const bool hasSigns = lineMayMatter_;
         lineMayMatter_ = !IsLineEnd(*hit);
         if (!lineMayMatter_ && Recognise(hit, hasSigns, line)) {
             lineStart_ = scan_;
+            lineIsAsked_ = false;
             assert(PlacesAreInOrder());
             return true;
         }
@@ -144,13 +171,31 @@ bool DocumentReader::Recognise(const char *lineEnd, bool hasSigns, DocumentPiece
     start += length / kLineBufferFull * kLineBufferFull;
     const std::string_view text(start, static_cast<std::size_t>(lineEnd - start));
     line = {DocumentPiece::kSpecial, {start, text.size() + 1}, nullptr};
+    if (hasSigns && KnowsComments(mode_) && RecogniseComment(text, line)) return true;
     if (text.size() <= kLongestSpecialLine) line.special = FindSpecialLine(text);
     if (line.special) return true;
     if (!hasSigns) return false;
-    line.kind = DocumentPiece::kFeature;
-    if (text.starts_with(kBeginFeature)) return true;
-    line.kind = DocumentPiece::kSettings;
-    return HoldsAll(text, kScreenSettings) || HoldsAll(text, kColorSettings);
+    if (mode_ == kFeatures || mode_ == kFeaturesAndComments) {
+        line.kind = DocumentPiece::kFeature;
+        if (text.starts_with(kBeginFeature)) return true;
+        line.kind = DocumentPiece::kSettings;
+        if (HoldsAll(text, kScreenSettings) || HoldsAll(text, kColorSettings)) return true;
+    }
+    line.kind = DocumentPiece::kLine;
+    return lineIsAsked_;
+}
+
+// Whether the line of `text`, which is the rest of one if that was longer than the line buffer, is
+// a comment or may take the printer out of PostScript.
+bool DocumentReader::RecogniseComment(std::string_view text, DocumentPiece &line) const {
+    if (IsLineEnd(text.data()[-1])) line.comment = FindComment(text);
+    if (line.comment != Comment::kNone) {
+        line.kind = DocumentPiece::kComment;
+        return true;
+    }
+    if (text.find(kUniversalExit) == text.npos) return false;
+    line.kind = DocumentPiece::kUniversalExit;
+    return true;
 }
 
 // Takes what the search has passed, but for the line that it is in.
@@ -165,6 +210,45 @@ bool DocumentReader::TakeRun(DocumentPiece &piece) {
     begin_ = lineStart_;
     assert(PlacesAreInOrder());
     return !piece.text.empty();
+}
+
+// Takes what follows the last line end, at the end of the document.
+bool DocumentReader::TakeLastLine(DocumentPiece &piece) {
+    if (begin_ == end_) return false;
+    if (!Recognise(end_, true, piece)) piece.kind = DocumentPiece::kLine;
+    piece.text.remove_suffix(1);
+    begin_ = lineStart_ = scan_ = end_;
+    return true;
+}
+
+void DocumentReader::PassBy(std::uint64_t bytes, std::uint64_t lines) {
+    dataBytes_ = bytes;
+    dataLines_ = lines;
+    afterReturn_ = scan_[-1] == '\r';
+}
+
+// Passes by the data that have arrived.
+void DocumentReader::PassData() {
+    if (dataBytes_ == 0 && dataLines_ == 0) return;
+    while (scan_ != limit_ && (dataBytes_ > 0 || dataLines_ > 0)) {
+        const bool isSecondByte = afterReturn_ && *scan_ == '\n';
+        afterReturn_ = false;
+        if (isSecondByte) {
+            scan_++;
+        } else if (dataBytes_ > 0) {
+            const auto arrived = static_cast<std::uint64_t>(limit_ - scan_);
+            const std::uint64_t bytes = std::min(dataBytes_, arrived);
+            scan_ += bytes;
+            dataBytes_ -= bytes;
+        } else if (const char *lineEnd = search_.findLineEnd(scan_, limit_); lineEnd != limit_) {
+            scan_ = lineEnd + 1;
+            dataLines_--;
+            afterReturn_ = *lineEnd == '\r';
+        } else {
+            scan_ = limit_;
+        }
+    }
+    lineStart_ = searched_ = scan_;
 }
 
 // Reads what has arrived, or else waits for it. Returns the bytes read; 0 at the end or with
@@ -191,7 +275,7 @@ bool DocumentReader::Refill() {
     const std::size_t rest = static_cast<std::size_t>(end_ - begin_);
     const std::size_t withheld = static_cast<std::size_t>(end_ - limit_);
     char *block = buffer_ + kRoom;
-    std::memmove(block - rest, begin_, rest);
+    std::memmove(block - rest - kLookBack, begin_ - kLookBack, rest + kLookBack);
     begin_ = lineStart_ = block - rest;
     searched_ = scan_ = limit_ = block - withheld;
     end_ = block;

@@ -18,10 +18,12 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include "CommonSource/FilterFrame/Source/LineSearch.h"
 #include "CommonSource/FilterFrame/Source/PipeCapacity.h"
+#include "FrontEnd/DocumentComments.h"
 #include "Tables/SpecialLines.h"
 
 // Bytes of a line, without its end, that are passed on before the end is seen.
@@ -46,17 +48,33 @@ struct DocumentPiece {
         kSpecial,   // the line `special`
         kFeature,   // a line that begins with "%%BeginFeature:"
         kSettings,  // a line with screen or colour-rendering settings
+        // In the modes that know comments:
+        kComment,        // a line that begins with `comment`
+        kUniversalExit,  // a line that holds the sequence that ends a printer language
+        kLine,           // a line that was asked for and is none of the others
     };
     Kind kind;
     std::string_view text;       // line ends included; valid until the next call
     const SpecialLine *special;  // for kSpecial
+    Comment comment = Comment::kNone;
 };
+
+inline bool IsLineEnd(char byte) {
+    return byte == '\n' || byte == '\r';
+}
+
+// The piece that `line` is, its line end included: kComment, kSpecial or kLine.
+DocumentPiece PieceOfLine(std::string_view line);
 
 class DocumentReader {
   public:
     enum Mode {
         kPlain,     // special lines only
         kFeatures,  // feature and settings lines too; the last byte of the document is withheld
+        // The same with comments: all of the document is handed out, the last line without a line
+        // end, if it has none.
+        kComments,
+        kFeaturesAndComments,
     };
 
     // Reads from `file`, a descriptor that the caller owns. `beforeWaiting`, if any, is called when
@@ -67,9 +85,17 @@ class DocumentReader {
     DocumentReader &operator=(const DocumentReader &) = delete;
 
     // Stores the next piece; false at the end of the document, when it cannot be read further and
-    // when a cancelled job is overdue (FrontEnd/Cancel.h). What follows the last line end, up to
-    // 8064 bytes, is never handed out.
+    // when a cancelled job is overdue (FrontEnd/Cancel.h). Without comments, what follows the last
+    // line end, up to 8064 bytes, is never handed out.
     bool Next(DocumentPiece &piece);
+
+    // For the modes with comments; must be called before the first piece or right after one that is
+    // no run. The line that follows is handed out by itself, whatever it is.
+    void HandOutNextLine() { lineIsAsked_ = true; }
+
+    // Likewise: nothing is recognised in the next `bytes` bytes, or the next `lines` lines. They
+    // begin after the last piece's line end, be it CR LF.
+    void PassBy(std::uint64_t bytes, std::uint64_t lines);
 
     // After the end: 0, or the errno of the failed read, or ECANCELED.
     int Error() const { return error_; }
@@ -81,7 +107,10 @@ class DocumentReader {
     const char *LineStart(const char *first, const char *end) const;
     bool FindRecognisedLine(DocumentPiece &line);
     bool Recognise(const char *lineEnd, bool hasSigns, DocumentPiece &line) const;
+    bool RecogniseComment(std::string_view text, DocumentPiece &line) const;
     bool TakeRun(DocumentPiece &piece);
+    bool TakeLastLine(DocumentPiece &piece);
+    void PassData();
     bool Refill();
     std::size_t ReadBlock(char *block);
     bool PlacesAreInOrder() const;
@@ -94,9 +123,14 @@ class DocumentReader {
     const Mode mode_;
     void (*const beforeWaiting_)();
     const LineSearch &search_;
-    bool lineMayMatter_ = false;  // a search has seen signs of feature code in the line at scan_
-    bool hasPending_ = false;     // pending_ is to be handed out next
-    DocumentPiece pending_{};     // the recognised line after a run
+    const LineSearch::Search findLine_;  // the search of the mode
+    bool lineMayMatter_ = false;   // a search has seen signs of something in the line at scan_
+    bool lineIsAsked_ = false;     // the line at scan_ is to be handed out
+    std::uint64_t dataBytes_ = 0;  // how much is to be passed by: bytes or lines
+    std::uint64_t dataLines_ = 0;
+    bool afterReturn_ = false;  // of data: a line feed at scan_ is the second byte of a line end
+    bool hasPending_ = false;   // pending_ is to be handed out next
+    DocumentPiece pending_{};   // the recognised line after a run
     int error_ = 0;
     const char *begin_ = buffer_ + kRoom;  // first byte not handed out
     const char *lineStart_ = begin_;       // start of the line that the search has reached

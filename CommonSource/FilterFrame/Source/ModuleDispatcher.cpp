@@ -84,3 +84,8 @@ int OutputPSCommandFromFilter(int position, int pageNumber, std::FILE *stream) {
     WatermarkOutputPSCommandFromFilter(position, pageNumber, stream);
     return FeaturesOutputPSCommandFromFilter(position, stream);
 }
+
+PageStamp GetPageStampFromFilter() {
+    if (!WatermarkIsDrawn()) return {};
+    return {WatermarkOutputStamp, psOptionWatermark.font, psOptionWatermark.onlyFirst != 0};
+}

@@ -29,6 +29,8 @@ struct CommandTable {
 };
 std::span<const CommandTable> CommandTables();
 
+#include "FrontEnd/PageStamp.h"
+
 // Binds every module's tables to their lists.
 void InializeDescriptionTableFromFilter();
 
@@ -42,3 +44,7 @@ void OutputKPJLCommandFromFilter(char *const argv[]);
 // (InjectionPoint, SpecialLines.h). `pageNumber` is the number of the page that ends, at a page
 // end, and else the number of pages that have ended. Returns what the last module returns.
 int OutputPSCommandFromFilter(int position, int pageNumber, std::FILE *stream);
+
+// The stamp that a module wants on the job's pages, for documents in which no lines tell where to
+// write it (FrontEnd/PageStamp.h).
+PageStamp GetPageStampFromFilter();

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "CommonSource/FilterFrame/Source/StructuredDocument.h"
+
+#include <algorithm>
+
+#include "CommonSource/FilterFrame/Source/JobBuffers.h"
+#include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
+#include "CommonSource/FilterFrame/Source/OutputWriter.h"
+#include "FrontEnd/Messages.h"
+#include "FrontEnd/Progress.h"
+
+StructuredDocument::StructuredDocument(Way way, DocumentReader &reader, std::FILE *stream,
+                                       int pages)
+    : way_(way), reader_(reader), stream_(stream), pages_(pages) {
+    reader_.HandOutNextLine();
+}
+
+bool StructuredDocument::Put(const DocumentPiece &piece) {
+    if (piece.kind != DocumentPiece::kUniversalExit && !foreignPJL_.IsOpen()) {
+        return PutDocument(piece);
+    }
+    std::string_view text = piece.text;
+    std::string_view line;
+    while (!(line = foreignPJL_.TakeDocument(text)).empty()) {
+        if (!PutDocument(PieceOfLine(line))) return false;
+    }
+    if (foreignPJL_.IsOpen()) reader_.HandOutNextLine();
+    return true;
+}
+
+void StructuredDocument::PutEnd() {
+    TellPJL();
+    if (structure_.TakeEnd()) TellPage();
+    if (way_ == kFromStore || lastByte_ == kEndOfPostScriptJob) return;
+    // To the printer's scanner, Ctrl-D would be a part of the word before it.
+    if (!IsLineEnd(lastByte_)) Write("\n");
+    KVfputc(kEndOfPostScriptJob, stream_);
+}
+
+bool StructuredDocument::PutDocument(const DocumentPiece &piece) {
+    if (hasBegun_) return PutNext(piece);
+    hasBegun_ = true;
+    foreignPJL_.BeginDocument();
+    const bool isStructured = structure_.TakeFirstLine(piece.text);
+    return isStructured || way_ == kFromStore ? PutNext(piece) : PutUnstructured(piece);
+}
+
+// A document that does not claim to be structured has one place for everything: its beginning.
+bool StructuredDocument::PutUnstructured(const DocumentPiece &firstLine) {
+    if (!firstLine.text.starts_with('%')) PutSetup();
+    if (!PutNext(firstLine)) return false;
+    if (!IsLineEnd(lastByte_)) Write("\n");
+    PutSetup();
+    return true;
+}
+
+bool StructuredDocument::PutNext(const DocumentPiece &piece) {
+    if (piece.kind == DocumentPiece::kComment) return PutComment(piece);
+    if (piece.kind == DocumentPiece::kSpecial) return PutSpecial(piece);
+    structure_.TakeText(piece.text);
+    Write(piece.text);
+    return true;
+}
+
+bool StructuredDocument::PutComment(const DocumentPiece &piece) {
+    const bool pageEnds = structure_.TakeComment(piece.comment, piece.text);
+    if (pageEnds) TellPage();
+    const bool startsPage = piece.comment == Comment::kPage && !structure_.IsEmbedded();
+    if ((pageEnds || startsPage) && CancelJob == 1) return false;
+    if (IsOutermost()) PutBeforeComment(piece.comment);
+    Write(piece.text);
+    if (IsOutermost() && piece.comment == Comment::kEndComments) PutStamp();
+    if (piece.comment == Comment::kBeginBinary || piece.comment == Comment::kBeginData) {
+        const AnnouncedData data = FindAnnouncedData(piece.comment, piece.text);
+        reader_.PassBy(data.bytes, data.lines);
+    }
+    return true;
+}
+
+void StructuredDocument::PutBeforeComment(Comment comment) {
+    switch (comment) {
+        case Comment::kBeginProlog:
+            PutStamp();
+            return;
+        case Comment::kEndProlog:
+            PutStamp();
+            PutPoint(kPointBeforeEndProlog);
+            return;
+        case Comment::kBeginSetup:
+            PutStamp();
+            setupIsOpen_ = true;
+            return;
+        case Comment::kEndSetup:
+            // One without a beginning stands in front of the setup that pstops has added.
+            if (setupIsOpen_) PutSetup();
+            return;
+        case Comment::kPage:
+            PutSetup();
+            return;
+        default:
+            return;
+    }
+}
+
+bool StructuredDocument::PutSpecial(const DocumentPiece &piece) {
+    if (piece.special->stopsCancelledJob && CancelJob == 1) return false;
+    if (IsOutermost() && piece.special->point == kPointBeforeSetPageDevicePop) {
+        PutStamp();
+        PutPoint(kPointBeforeSetPageDevicePop);
+    }
+    Write(piece.text);
+    if (piece.special->endsPage && structure_.TakePageEndLine()) TellPage();
+    return true;
+}
+
+void StructuredDocument::PutStamp() {
+    if (hasStamp_) return;
+    hasStamp_ = true;
+    PutPageStamp(GetPageStampFromFilter(), stream_);
+}
+
+// What belongs in the document's prolog and setup, as far as they had no place for it.
+void StructuredDocument::PutSetup() {
+    PutStamp();
+    PutPoint(kPointBeforeEndProlog);
+    PutPoint(kPointBeforeSetPageDevicePop);
+    PutPoint(kPointBeforeEndSetup);
+}
+
+void StructuredDocument::PutPoint(InjectionPoint point) {
+    const unsigned bit = 1U << point;
+    if ((pointsPut_ & bit) != 0) return;
+    pointsPut_ |= bit;
+    OutputPSCommandFromFilter(point, structure_.PagesEnded(), stream_);
+}
+
+// A page counts once it has left: not if the printer has gone.
+void StructuredDocument::TellPage() const {
+    if (way_ == kToStore || KVfflush(stream_) != 0 || std::ferror(stream_)) return;
+    ReportPage(structure_.PagesEnded(), structure_.Copies(),
+               std::max(pages_, structure_.PagesAnnounced()));
+}
+
+void StructuredDocument::TellPJL() const {
+    if (!foreignPJL_.WasFound()) return;
+    if (foreignPJL_.HasDocument()) {
+        ReportWarning("The PJL that the document brought along was left out.");
+    } else {
+        ReportError("The document holds PJL, but no PostScript.");
+    }
+}
+
+void StructuredDocument::Write(std::string_view text) {
+    lastByte_ = text.back();
+    if (way_ == kFromStore) {
+        WriteUncopied(text.data(), text.size(), stream_);
+    } else {
+        KVfwrite(text.data(), 1, text.size(), stream_);
+    }
+}

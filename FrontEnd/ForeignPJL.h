@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Takes off the PJL that an application has put around its PostScript. The printer would take the
+// sequence that ends a language (ESC "%-12345X") for the end of this job wherever it stands, and
+// print what follows as text.
+#pragma once
+
+#include <string_view>
+
+inline constexpr std::string_view kUniversalExit = "\x1b%-12345X";
+
+class ForeignPJL {
+  public:
+    // Takes what is document off the front of `text`, a line or the rest of one, and returns it,
+    // its line end included; drops what is PJL. Empty when all of `text` has been used. From the
+    // sequence on, lines of PJL and empty lines are dropped, and before any document has come, all
+    // lines up to one that begins with "%!".
+    std::string_view TakeDocument(std::string_view &text);
+
+    // Says that document has come without having been taken in here.
+    void BeginDocument() { hasDocument_ = true; }
+
+    // Whether the text last taken in ended in PJL: the next line must be taken in by itself.
+    bool IsOpen() const { return isOpen_; }
+
+    // Whether PJL has been dropped, and with it all that there was.
+    bool WasFound() const { return wasFound_; }
+    bool HasDocument() const { return hasDocument_; }
+
+  private:
+    bool IsDropped(std::string_view line) const;
+
+    bool isOpen_ = false;
+    bool wasFound_ = false;
+    bool hasDocument_ = false;
+};
