@@ -13,6 +13,7 @@
 
 #include "CommonSource/FilterFrame/Source/JobHeader.h"
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
+#include "FrontEnd/ShortOptions.h"
 #include "Modules/PBind/PerfectBindParam.h"
 #include "Tables/FeaturePJLTable.h"
 
@@ -244,4 +245,48 @@ TEST(MachinePpd, PressBindsAllThatHasAKeyword) {
         for (const std::string &choice : ChoicesOf(ppd, keyword))
             EXPECT_TRUE(ppdPageSize(ppd, choice.c_str())) << choice;
     }
+}
+
+// The short options of the filter and those of the PPDs are the same list.
+TEST(MachinePpd, OffersShortOptionsAsTheFilterUnderstandsThem) {
+    std::set<std::string> offered;
+    for (const char *model : kMachines) {
+        SCOPED_TRACE(model);
+        ppd_file_t *ppd = Open(model);
+        for (std::size_t i = 0; i < kShortOptionCount; i++) {
+            const ShortOption &row = kShortOptions[i];
+            SCOPED_TRACE(row.name);
+            ppd_option_t *option = ppdFindOption(ppd, row.name);
+            if (!option) continue;
+            offered.insert(row.name);
+            std::istringstream choices(row.choices);
+            std::string choice;
+            choices >> choice;
+            EXPECT_EQ(option->defchoice, choice);
+            do {
+                EXPECT_TRUE(ppdFindChoice(option, choice.c_str())) << choice;
+            } while (choices >> choice);
+            for (int j = 0; j < option->num_choices; j++) {
+                const char *own = option->choices[j].choice;
+                std::string understood;
+                EXPECT_TRUE(own == std::string("Custom") ||
+                            UnderstandShortOption(row, own, understood))
+                    << own;
+            }
+            const ppd_coption_t *custom = ppdFindCustomOption(ppd, row.name);
+            ASSERT_EQ(custom == nullptr, row.own == OwnValue::None);
+            if (!custom) continue;
+            ppd_cparam_t *parameter = ppdFirstCustomParam(ppdFindCustomOption(ppd, row.name));
+            ASSERT_TRUE(parameter);
+            const bool whole = row.own == OwnValue::Whole, secret = row.own == OwnValue::Secret;
+            EXPECT_EQ(parameter->type, whole    ? PPD_CUSTOM_INT
+                                       : secret ? PPD_CUSTOM_PASSWORD
+                                                : PPD_CUSTOM_STRING);
+            EXPECT_EQ(whole ? parameter->minimum.custom_int : parameter->minimum.custom_string,
+                      row.least);
+            EXPECT_EQ(whole ? parameter->maximum.custom_int : parameter->maximum.custom_string,
+                      row.most);
+        }
+    }
+    EXPECT_EQ(offered.size(), kShortOptionCount);
 }
