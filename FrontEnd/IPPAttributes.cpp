@@ -7,6 +7,7 @@
 
 #include "CommonSource/FilterFrame/Source/BoundedText.h"
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
+#include "FrontEnd/QueueDefaults.h"
 
 namespace {
 
@@ -104,27 +105,25 @@ void AddLayout(CompletionContext &context) {
     AddGrid(context);
 }
 
-// Whether the copies are to be collated, and which option says so.
-bool Collated(const CompletionContext &context, IPPOption &because) {
+// Whether the copies are to be collated. The keys that are added next come from what says so.
+bool BeginCollation(CompletionContext &context) {
     if (const char *value = JobValue(context, "collate")) {
-        because = {"collate", value};
+        BeginOption(context, TicketSource::IPPAttribute, "collate", value);
         return SameName(value, "true");
     }
     if (const char *value = JobValue(context, "multiple-document-handling")) {
-        because = {"multiple-document-handling", value};
+        BeginOption(context, TicketSource::IPPAttribute, "multiple-document-handling", value);
         return std::string_view(value) != "separate-documents-uncollated-copies";
     }
-    because = {"copies", context.argv[4]};
-    return false;
+    const std::string marked = MarkedChoice(context.ppd, "Collate");
+    BeginOption(context, TicketSource::QueueDefault, "Collate", marked);
+    return SameName(marked, "true");
 }
 
 // The job information takes the word itself for the option, wherever it stands in the string, so
 // that nothing else may hold it (CompleteTicket.cpp).
 void AddCopies(CompletionContext &context) {
-    IPPOption because{};
-    const bool collated = Collated(context, because);
-    BeginOption(context, TicketSource::IPPAttribute, because.name, because.value);
-    ReplaceKey(context, "collate", collated ? "true" : "false");
+    ReplaceKey(context, "collate", BeginCollation(context) ? "true" : "false");
     BeginOption(context, TicketSource::IPPAttribute, "copies", context.argv[4]);
     AddKey(context, kCopiesTicketKey, std::to_string(std::max(1, LeadingInteger(context.argv[4]))));
 }

@@ -227,9 +227,9 @@ void RefuseOpenConfidentialJob(CompletionContext &context) {
                    "has no letters that the printer knows, and a secure print needs an owner");
         }
         if (!reaches(kPrintTypePasswordTicketKey, kSecurePasswordSize)) {
-            Refuse(context, kPassword,
-                   "is needed for a secure print: at most 16 bytes, unchanged by the printer's "
-                   "encoding");
+            Refuse(
+                context, kPassword,
+                "is needed for a secure print, at most 16 bytes of letters that the printer knows");
         }
     }
     if (type == kInMailbox) {

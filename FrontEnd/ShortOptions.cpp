@@ -88,11 +88,9 @@ bool Take(CompletionContext &context, std::size_t row, TicketSource source, cons
         return true;
     }
     BeginOption(context, source, option, value, DiscretionOf(shortOption));
-    Note(context, TicketNotice::Dropped,
+    const bool confidential = IsConfidentialOption(shortOption.name);
+    Note(context, confidential ? TicketNotice::Refused : TicketNotice::Dropped,
          "is not understood; allowed: " + AllowedValues(shortOption));
-    if (IsConfidentialOption(shortOption.name)) {
-        Note(context, TicketNotice::Refused, "the job could be meant to be confidential");
-    }
     return false;
 }
 

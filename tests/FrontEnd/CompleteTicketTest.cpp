@@ -61,7 +61,7 @@ TEST(CompleteTicket, IsReportedWithoutNamesAndPasswords) {
               "DEBUG: DocumentNameTypeTicketKey=2 (short option title)\n"
               "DEBUG: TrimmerSwitchTicket=1 (short option KVTrim=5)\n"
               "DEBUG: TrimmerMMCuttingSizeTicket=5 (short option KVTrim=5)\n"
-              "DEBUG: collate=false (IPP attribute copies=1)\n"
+              "DEBUG: collate=false (queue default Collate)\n"
               "DEBUG: com.apple.print.PrintSettings.PMCopies..n.=1 (IPP attribute copies=1)\n"
               "DEBUG: KVStaple=LeftDouble (queue default)\n"
               "DEBUG: KVSignature=None (queue default)\n"

@@ -19,8 +19,9 @@ std::string Of(const std::string &options, const std::string &key) {
 }
 
 // The word that the job information looks for, and the number of copies.
-std::string Copies(const std::string &options, const std::string &copies) {
-    const CompletedTicket ticket = Complete({options, "", "alice", "Report", copies});
+std::string Copies(const std::string &options, const std::string &copies,
+                   const std::string &lines = "") {
+    const CompletedTicket ticket = Complete({options, lines, "alice", "Report", copies});
     std::string word = "neither";
     if (ticket.options.find("nocollate") != std::string::npos) {
         word = "nocollate";
@@ -102,6 +103,10 @@ TEST(IPPAttributes, CopiesAreCounted) {
     EXPECT_EQ(Copies("nocollate multiple-document-handling=single-document", "3"), "nocollate 3");
     EXPECT_EQ(Copies(std::string(kCopies) + "=5 collate", "3"), "collate 5")
         << "as the dialog says";
+    const std::string queue = PpdOption("Collate", "True False");
+    EXPECT_EQ(Copies("", "3", queue), "collate 3");
+    EXPECT_EQ(Copies("Collate=False", "3", queue), "nocollate 3");
+    EXPECT_EQ(Copies("", "3", PpdOption("Collate", "False True")), "nocollate 3");
     for (const char *copies : {"", "0", "-2", "many"}) {
         EXPECT_EQ(Copies("", copies), "nocollate 1") << copies;
     }

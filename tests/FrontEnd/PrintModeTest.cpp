@@ -93,8 +93,8 @@ TEST(PrintMode, DefaultsOfTheQueueCount) {
     EXPECT_EQ(PrintType(Complete({"KVPrintMode=Normal", secure})), "type 1");
     EXPECT_EQ(
         Refused({"", secure}),
-        "refused: KVPassword is needed for a secure print: at most 16 bytes, unchanged by the "
-        "printer's encoding\n");
+        "refused: KVPassword is needed for a secure print, at most 16 bytes of letters that the "
+        "printer knows\n");
     const std::string normal = Queue("Normal Secure");
     EXPECT_EQ(PrintType(Complete({"", normal})), "") << "a queue that keeps no jobs says nothing";
     EXPECT_EQ(PrintType(Complete({"KVPassword=1", normal})),
@@ -138,8 +138,8 @@ TEST(PrintMode, WhatDoesNotBelongToItIsSaid) {
 
 TEST(PrintMode, JobThatCannotBeConfidentialIsRefused) {
     const std::string needsPassword =
-        "refused: KVPassword is needed for a secure print: at most 16 bytes, unchanged by the "
-        "printer's encoding\n";
+        "refused: KVPassword is needed for a secure print, at most 16 bytes of letters that the "
+        "printer knows\n";
     const std::string changed =
         "refused: KVPassword has more than 16 bytes or letters that the printer does not know: it "
         "would not be the same there\n";
@@ -161,11 +161,10 @@ TEST(PrintMode, JobThatCannotBeConfidentialIsRefused) {
          "KVOwner has no letters that the printer knows\n" + noOwner},
         {{"KVPassword=1", "", ""}, "user has no letters that the printer knows\n" + noOwner},
         {{"KVPassword="},
-         "KVPassword is not understood; allowed: None, a text of at most 29 bytes\n"
-         "refused: KVPassword the job could be meant to be confidential\n"},
+         "refused: KVPassword is not understood; allowed: None, a text of at most 29 bytes\n"},
         {{"KVPrintMode=Secrue"},
-         "KVPrintMode=Secrue is not understood; allowed: Normal, Secure, Sample, Delay, Mailbox\n"
-         "refused: KVPrintMode=Secrue the job could be meant to be confidential\n"},
+         "refused: KVPrintMode=Secrue is not understood; allowed: Normal, Secure, Sample, Delay, "
+         "Mailbox\n"},
         {{"KVPrintMode=Normal KVPassword=1"},
          "refused: KVPassword would not keep the job: KVPrintMode is neither Secure nor Mailbox\n"},
         {{"KVPrintMode=Sample KVPassword=1"},
