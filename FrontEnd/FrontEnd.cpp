@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr char KPPDFrontEndKey[] = "KVFrontEnd";
 constexpr char kPlainCUPS[] = "CUPS";
 
 bool isCUPS = false;

@@ -51,13 +51,3 @@ int StrNoNULLCampareFunc(const void *value, const void *) {
 int StrIsNULLCampareFunc(const void *value, const void *) {
     return IsEmpty(value);
 }
-
-const CompareFuncName compareFuncNames[7] = {
-    {IntCampareFunc, "IntCampareFunc", "equals"},
-    {IntNoEqualCampareFunc, "IntNoEqualCampareFunc", "differs from"},
-    {StrEqualCampareFunc, "StrEqualCampareFunc", "equals"},
-    {StrContainCampareFunc, "StrContainCampareFunc", "contains"},
-    {StrNotContainCampareFunc, "StrNotContainCampareFunc", "does not contain"},
-    {StrNoNULLCampareFunc, "StrNoNULLCampareFunc", "is given"},
-    {StrIsNULLCampareFunc, "StrIsNULLCampareFunc", "is empty"},
-};

@@ -25,4 +25,12 @@ struct CompareFuncName {
     const char *name;     // as above
     const char *meaning;  // "equals"
 };
-extern const CompareFuncName compareFuncNames[7];
+inline constexpr CompareFuncName compareFuncNames[] = {
+    {IntCampareFunc, "IntCampareFunc", "equals"},
+    {IntNoEqualCampareFunc, "IntNoEqualCampareFunc", "differs from"},
+    {StrEqualCampareFunc, "StrEqualCampareFunc", "equals"},
+    {StrContainCampareFunc, "StrContainCampareFunc", "contains"},
+    {StrNotContainCampareFunc, "StrNotContainCampareFunc", "does not contain"},
+    {StrNoNULLCampareFunc, "StrNoNULLCampareFunc", "is given"},
+    {StrIsNULLCampareFunc, "StrIsNULLCampareFunc", "is empty"},
+};

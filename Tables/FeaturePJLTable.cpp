@@ -74,7 +74,7 @@ constexpr FeaturePJLRow FeaturePPDKeyNameandMarkedValuetoPJLCommand[] = {
     KV_DENSITY("BlackHigh",   "KH"),
 };
 // clang-format on
-static_assert(std::size(FeaturePPDKeyNameandMarkedValuetoPJLCommand) == kFeaturePJLRowCount);
+const std::int32_t kFeaturePJLRowCount = std::size(FeaturePPDKeyNameandMarkedValuetoPJLCommand);
 
 const char *GetThePJLCommandfromKeywordsandMarkedValue(std::string_view keyword,
                                                        std::string_view value) {

@@ -4,8 +4,8 @@
 // of this PPD option, the job's header carries this command. The keywords and values are those of
 // the printers' PPD files, whose spelling ("KVBrightnes", "KVRGBBCorrection") is theirs.
 //
-// Resolution and halftone are not here: what they mean depends on the document and the device
-// (FeatureToPJL.h).
+// The values of KVOutputMode that are resolutions and all of KVHalftone are not here: what they
+// mean depends on the document and the device (FeatureToPJL.h).
 #pragma once
 
 #include <cstdint>
@@ -17,8 +17,8 @@ struct FeaturePJLRow {
     const char *command;       // one PJL line, its line feed included
 };
 
-constexpr std::int32_t kFeaturePJLRowCount = 123;
 extern const FeaturePJLRow FeaturePPDKeyNameandMarkedValuetoPJLCommand[];
+extern const std::int32_t kFeaturePJLRowCount;
 
 // The command of the first row with this value of `keyword`, which begins with "*"; null if there
 // is none.

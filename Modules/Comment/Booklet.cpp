@@ -11,10 +11,10 @@
 namespace {
 
 // Two and six pages turn the sheet; any other number keeps the document's own direction.
-bool IsLandscapeSheet(const CommentOptions &job) {
-    const std::int32_t direction = job.orientation;
-    if (*job.pagesPerSheet == '\0') return false;
-    const std::int32_t pages = LeadingInteger(job.pagesPerSheet);
+bool IsLandscapeSheet(const CommentOptions &ticket) {
+    const std::int32_t direction = ticket.orientation;
+    if (*ticket.pagesPerSheet == '\0') return false;
+    const std::int32_t pages = LeadingInteger(ticket.pagesPerSheet);
     if (pages == 2 || pages == 6) {
         return direction == OptionPortrait || direction == OptionRotatedPortrait;
     }
@@ -28,9 +28,9 @@ const char *BindingSide(const CommentText &signature) {
     return nullptr;
 }
 
-const char *Division(const CommentOptions &job) {
-    if (job.signature == kOptionNone) return "OFF";
-    const bool divided = *job.signatureVolume && job.signatureVolume != kOptionNone;
+const char *Division(const CommentOptions &ticket) {
+    if (ticket.signature == kOptionNone) return "OFF";
+    const bool divided = *ticket.signatureVolume && ticket.signatureVolume != kOptionNone;
     return divided ? "MANUALDIVIDE" : "NONEDIVIDE";
 }
 
@@ -38,10 +38,10 @@ const char *Division(const CommentOptions &job) {
 
 int OutputKPJLCommandforBooklet() {
     if (!JobPPDAttributeIs(KPPDPrinterLanguageEncodingKey, "UTF-8")) return 0;
-    const CommentOptions &job = psoptioncomment;
-    const int result = PutJobAttribute("DIND", IsLandscapeSheet(job) ? "LANDSCAPE" : "PORTRAIT");
-    if (*job.signature == '\0') return result;
-    const char *side = job.signature == kOptionNone ? "OFF" : BindingSide(job.signature);
+    const CommentOptions &ticket = psoptioncomment;
+    const int result = PutJobAttribute("DIND", IsLandscapeSheet(ticket) ? "LANDSCAPE" : "PORTRAIT");
+    if (*ticket.signature == '\0') return result;
+    const char *side = ticket.signature == kOptionNone ? "OFF" : BindingSide(ticket.signature);
     if (side) PutJobAttribute("DIBB", side);
-    return PutJobAttribute("DIBK", Division(job));
+    return PutJobAttribute("DIBK", Division(ticket));
 }

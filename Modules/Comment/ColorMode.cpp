@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr char KPPDColorModeKey[] = "KVColorMode";
 constexpr std::string_view kColorModeColor = "Color";
 constexpr std::string_view kColorModeBlack = "Black";
 

@@ -137,14 +137,14 @@ const char *FindPart(const Keyword (&table)[count], const char *text) {
 }
 
 // A job that does not say puts one page on a sheet.
-std::int32_t PagesPerSheet(const CommentOptions &job) {
-    return *job.pagesPerSheet ? LeadingInteger(job.pagesPerSheet) : 1;
+std::int32_t PagesPerSheet(const CommentOptions &ticket) {
+    return *ticket.pagesPerSheet ? LeadingInteger(ticket.pagesPerSheet) : 1;
 }
 
-const char *FindOrientation(const CommentOptions &job) {
-    const auto *binding = FindRow(bindings, job.signature);
-    const auto *layout = FindRow(layouts, PagesPerSheet(job));
-    const auto *document = FindRow(orientations, job.orientation);
+const char *FindOrientation(const CommentOptions &ticket) {
+    const auto *binding = FindRow(bindings, ticket.signature);
+    const auto *layout = FindRow(layouts, PagesPerSheet(ticket));
+    const auto *document = FindRow(orientations, ticket.orientation);
     if (!binding || !layout || !document) return nullptr;
     for (const SheetOrientation &row : sheetOrientations) {
         if (row.binding == binding->meaning && row.layout == layout->meaning) {
@@ -154,29 +154,30 @@ const char *FindOrientation(const CommentOptions &job) {
     return nullptr;
 }
 
-const char *FindNUpOrder(const CommentOptions &job) {
-    const std::int32_t pages = PagesPerSheet(job);
-    const NUpOrder *order = FindRow(nUpOrders, job.layoutDirection);
+const char *FindNUpOrder(const CommentOptions &ticket) {
+    const std::int32_t pages = PagesPerSheet(ticket);
+    const NUpOrder *order = FindRow(nUpOrders, ticket.layoutDirection);
     if (!order || pages < 2) return nullptr;
     return pages == 2 ? order->ofTwo : order->ofMore;
 }
 
-const char *SaddleStaple(const CommentOptions &job) {
+const char *SaddleStaple(const CommentOptions &ticket) {
     const bool stapled =
-        job.signature == kLeftSignatureStapled || job.signature == kRightSignatureStapled;
+        ticket.signature == kLeftSignatureStapled || ticket.signature == kRightSignatureStapled;
     return stapled ? "ON" : "OFF";
 }
 
 }  // namespace
 
 int OutputKPJLCommandforCommentAdvanced() {
-    const CommentOptions &job = psoptioncomment;
-    if (const char *text = FindOrientation(job)) PutJobInfo("ORIENTATION=%s\n", text);
-    if (const char *order = FindNUpOrder(job)) PutJobInfo("NUPEX=%s\n", order);
-    if (*job.signature) PutJobInfo("SADDLESTAPLE=%s\n", SaddleStaple(job));
-    if (const char *text = FindPart(staplePositions, job.staple)) PutJobInfo("STAPLEEX=%s\n", text);
-    const char *location = FindPart(punchLocations, job.punch);
-    const Keyword *holes = FindRow(punchHoles, job.punchHoles);
+    const CommentOptions &ticket = psoptioncomment;
+    if (const char *text = FindOrientation(ticket)) PutJobInfo("ORIENTATION=%s\n", text);
+    if (const char *order = FindNUpOrder(ticket)) PutJobInfo("NUPEX=%s\n", order);
+    if (*ticket.signature) PutJobInfo("SADDLESTAPLE=%s\n", SaddleStaple(ticket));
+    if (const char *text = FindPart(staplePositions, ticket.staple))
+        PutJobInfo("STAPLEEX=%s\n", text);
+    const char *location = FindPart(punchLocations, ticket.punch);
+    const Keyword *holes = FindRow(punchHoles, ticket.punchHoles);
     if (location && holes) {
         PutJobInfo("PUNCHEX=HOLES[%s]:LOCATION[%s]\n", holes->meaning, location);
     }

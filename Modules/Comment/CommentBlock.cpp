@@ -27,10 +27,10 @@ constexpr DuplexType duplexTypes[] = {
 };
 // clang-format on
 
-const char *FindDuplexType(const CommentOptions &job) {
-    if (*job.sides == '\0') return nullptr;
+const char *FindDuplexType(const CommentOptions &ticket) {
+    if (*ticket.sides == '\0') return nullptr;
     for (const DuplexType &type : duplexTypes) {
-        if (job.sides == type.sides || job.duplexBindingEdge == type.bindingEdge) {
+        if (ticket.sides == type.sides || ticket.duplexBindingEdge == type.bindingEdge) {
             return type.keyword;
         }
     }
@@ -38,9 +38,9 @@ const char *FindDuplexType(const CommentOptions &job) {
 }
 
 // Copies are made of the whole job or of each page; the other count is 1.
-int PutCopies(const CommentOptions &job) {
-    const bool collated = job.collation == kCollate;
-    PutJobInfo("%s=%d\n", collated ? "JOBCOPIES" : "PAGECOPIES", job.copies);
+int PutCopies(const CommentOptions &ticket) {
+    const bool collated = ticket.collation == kCollate;
+    PutJobInfo("%s=%d\n", collated ? "JOBCOPIES" : "PAGECOPIES", ticket.copies);
     return PutJobInfo("%s=1\n", collated ? "PAGECOPIES" : "JOBCOPIES");
 }
 
@@ -50,13 +50,13 @@ void CutToThreshold(CommentText &volume) {
     if (unit) std::memset(unit, 0, static_cast<std::size_t>(std::end(volume) - unit));
 }
 
-int PutBookletType(CommentOptions &job) {
-    if (job.signature == kOptionNone || *job.signatureVolume == '\0') {
+int PutBookletType(CommentOptions &ticket) {
+    if (ticket.signature == kOptionNone || *ticket.signatureVolume == '\0') {
         return PutJobInfo("BOOKLETTYPE=TYPE[NOBOOKLET]\n");
     }
-    if (job.signatureVolume == kOptionNone) return PutJobInfo("BOOKLETTYPE=TYPE[NONEDIVIDE]\n");
-    CutToThreshold(job.signatureVolume);
-    return PutJobInfo("BOOKLETTYPE=TYPE[MANUALDIVIDE]:THRESHOLD[%s]\n", job.signatureVolume);
+    if (ticket.signatureVolume == kOptionNone) return PutJobInfo("BOOKLETTYPE=TYPE[NONEDIVIDE]\n");
+    CutToThreshold(ticket.signatureVolume);
+    return PutJobInfo("BOOKLETTYPE=TYPE[MANUALDIVIDE]:THRESHOLD[%s]\n", ticket.signatureVolume);
 }
 
 const char *OnOrOff(bool on) {
@@ -80,18 +80,18 @@ int OutputKPJLCommandforCommentBegin() {
 }
 
 int OutputKPJLCommandforCommentBasic() {
-    CommentOptions &job = psoptioncomment;
+    CommentOptions &ticket = psoptioncomment;
     int result = 0;
-    if (*job.collation) result = PutCopies(job);
-    if (const char *type = FindDuplexType(job)) result = PutJobInfo("DUPLEXTYPE=%s\n", type);
+    if (*ticket.collation) result = PutCopies(ticket);
+    if (const char *type = FindDuplexType(ticket)) result = PutJobInfo("DUPLEXTYPE=%s\n", type);
     if (const char *mode = JobColorMode()) result = PutJobInfo("COLORMODE=%s\n", mode);
-    if (*job.pagesPerSheet) result = PutJobInfo("NUP=%s\n", job.pagesPerSheet);
-    if (*job.staple) {
-        const bool stapled = job.staple != kOptionNone && job.staple != kSaddleStaple;
+    if (*ticket.pagesPerSheet) result = PutJobInfo("NUP=%s\n", ticket.pagesPerSheet);
+    if (*ticket.staple) {
+        const bool stapled = ticket.staple != kOptionNone && ticket.staple != kSaddleStaple;
         result = PutJobInfo("STAPLE=%s\n", OnOrOff(stapled));
     }
-    if (*job.punch) result = PutJobInfo("PUNCH=%s\n", OnOrOff(job.punch != kOptionNone));
-    if (*job.signature) result = PutBookletType(job);
+    if (*ticket.punch) result = PutJobInfo("PUNCH=%s\n", OnOrOff(ticket.punch != kOptionNone));
+    if (*ticket.signature) result = PutBookletType(ticket);
     return result;
 }
 

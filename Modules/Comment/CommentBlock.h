@@ -5,6 +5,8 @@
 //   basic, version 1.3.0:    version low, begin, basic, end
 //   extended, version 1.5.0: version high, begin, basic, advanced, end
 //
+// The extended block is kept as interface; no job reaches its two writers.
+//
 // All writers read psoptioncomment, which must have been filled, write to standard output and
 // return what their last KVfputs returned (0 if nothing was written).
 #pragma once

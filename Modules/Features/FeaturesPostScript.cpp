@@ -36,8 +36,7 @@ void PutFeature(std::FILE *stream, const char *code) {
 }
 
 // The same for a line with ticket texts in it.
-__attribute__((format(printf, 2, 3))) void PutFeatureLine(std::FILE *stream, const char *format,
-                                                          ...) {
+[[gnu::format(printf, 2, 3)]] void PutFeatureLine(std::FILE *stream, const char *format, ...) {
     char line[kLineSize];
     std::va_list texts;
     va_start(texts, format);
@@ -65,13 +64,14 @@ int FeaturesOutputPSCommandFromFilter(int point, std::FILE *stream) {
 }
 
 void FeaturesOutputAutoFit(std::FILE *stream) {
-    const FeaturesOptions &f = kpjlOptionFeatures;
-    if (f.bookletMarginSwitch == kNotSet || f.bookletMarginSwitch == kBookletMarginOff) return;
+    const FeaturesOptions &ticket = kpjlOptionFeatures;
+    if (ticket.bookletMarginSwitch == kNotSet || ticket.bookletMarginSwitch == kBookletMarginOff)
+        return;
     PutFeatureLine(stream, "%s.000/Custom/ProcSet findresource/setsignatureimageshift get exec\n",
-                   f.bookletMarginShift);
+                   ticket.bookletMarginShift);
 
-    if (f.autoFitSwitch == kNotSet) return;
-    PutFeature(stream, f.autoFitSwitch == OptionAutoFitNone
+    if (ticket.autoFitSwitch == kNotSet) return;
+    PutFeature(stream, ticket.autoFitSwitch == OptionAutoFitNone
                            ? "/Custom/ProcSet findresource/setsignatureautoscale 2 copy known "
                              "{get false exch exec} {pop pop} ifelse\n"
                            : "/Custom/ProcSet findresource/setsignatureautoscale 2 copy known "
@@ -79,10 +79,11 @@ void FeaturesOutputAutoFit(std::FILE *stream) {
 }
 
 void FeaturesOutputSeparatorPages(std::FILE *stream) {
-    const FeaturesOptions &f = kpjlOptionFeatures;
-    if (f.separatorPagesList == kNotSet || f.separatorPagesList == kSeparatorPagesOff) return;
+    const FeaturesOptions &ticket = kpjlOptionFeatures;
+    if (ticket.separatorPagesList == kNotSet || ticket.separatorPagesList == kSeparatorPagesOff)
+        return;
     PutFeatureLine(stream,
                    "1 dict dup/SeparatorPages[%s]put/Custom/ProcSet findresource/setcoverseparator "
                    "get exec\n",
-                   f.separatorPages);
+                   ticket.separatorPages);
 }

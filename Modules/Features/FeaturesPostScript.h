@@ -18,7 +18,7 @@ constexpr std::int32_t OptionAutoFit = 1;
 // front of the line that disables setpagedevice. Returns 1.
 int FeaturesOutputPSCommandFromFilter(int point, std::FILE *stream);
 
-// Writes the image shift, if booklet margins are on, and behind it the scaling, if the ticket has
+// Writes the image shift, if booklet margins are on, and after it the scaling, if the ticket has
 // it.
 void FeaturesOutputAutoFit(std::FILE *stream);
 

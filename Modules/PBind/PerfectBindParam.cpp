@@ -94,7 +94,7 @@ const PBindParam PerfectBindParam[] = {
     {nullptr,                   nullptr},
 };
 // clang-format on
-static_assert(std::size(PerfectBindParam) == kPerfectBindParamNum + 1);
+const std::size_t kPerfectBindParamNum = std::size(PerfectBindParam) - 1;
 
 void convertPBindPPDValue(const char *value, char *destination, std::size_t size) {
     const PBindParam *row = PerfectBindParam;

@@ -10,8 +10,8 @@ struct PBindParam {
     const char *ppdValue;  // null in the last row
     const char *keyword;
 };
-constexpr std::size_t kPerfectBindParamNum = 77;  // without the last row
 extern const PBindParam PerfectBindParam[];
+extern const std::size_t kPerfectBindParamNum;  // without the last row
 
 // Copies the keyword for `value` into `destination` of `size` bytes, where `value` itself may
 // stand; what is longer is cut. A value without a keyword gives an empty text.

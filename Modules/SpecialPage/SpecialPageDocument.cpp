@@ -141,22 +141,23 @@ std::int32_t getOneValue(const char *source, char *field) {
 }
 
 void InjectKPIFCommandSP(char *const argv[]) {
-    SpecialPageOptions &s = psOptionSpecialPage;
-    for (std::int32_t *count : {&s.coverCount, &s.insertionCount, &s.exceptionCount}) {
+    SpecialPageOptions &ticket = psOptionSpecialPage;
+    for (std::int32_t *count :
+         {&ticket.coverCount, &ticket.insertionCount, &ticket.exceptionCount}) {
         *count = std::max(*count, 0);
     }
-    if (std::max({s.coverCount, s.insertionCount, s.exceptionCount}) == 0) return;
+    if (std::max({ticket.coverCount, ticket.insertionCount, ticket.exceptionCount}) == 0) return;
     const TicketOptions options(argv[5]);
     PutStart();
-    PutValues(options, kSPKPCoverValueKey, s.coverCount, PutCover);
-    if (s.insertionCount > 0) {
+    PutValues(options, kSPKPCoverValueKey, ticket.coverCount, PutCover);
+    if (ticket.insertionCount > 0) {
         Put(InsertionBlockStart);
-        PutValues(options, kSPKPInsertionValueKey, s.insertionCount, PutInsertion);
+        PutValues(options, kSPKPInsertionValueKey, ticket.insertionCount, PutInsertion);
         Put(InsertionBlockEnd);
     }
-    if (s.exceptionCount > 0) {
+    if (ticket.exceptionCount > 0) {
         Put(ExceptionBlockStart);
-        PutValues(options, kSPKPExceptionValueKey, s.exceptionCount, PutException);
+        PutValues(options, kSPKPExceptionValueKey, ticket.exceptionCount, PutException);
         Put(ExceptionBlockEnd);
     }
     Put(KPIFCommandBlockEnd);

@@ -6,7 +6,8 @@
 
 // What the position is for.
 constexpr int kWatermarkOnPage = 0;
-constexpr int kWatermarkOnSheet = 1;  // each of several pages on a sheet
+// Each of several pages on a sheet. Kept as interface; no job reaches this.
+constexpr int kWatermarkOnSheet = 1;
 
 // Stores the start of the text's base line, in points. The box is `width` by `height` points and is
 // moved from the centre by the offsets.

@@ -2,6 +2,7 @@
 #include "Modules/Watermark/WatermarkPostScript.h"
 
 #include <cstdarg>
+#include <iterator>
 
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
 #include "Modules/Watermark/WatermarkPosition.h"
@@ -16,29 +17,30 @@ constexpr int WATERMARKSPACE = 32;
 // Bytes of a line: the longest text or font name that the ticket holds, and its operator.
 constexpr std::size_t kLineSize = sizeof psOptionWatermark.font + 32;
 
-// What is written at one injection point. `toPrint` is per job: it falls when the watermark is for
-// the first page alone.
+// What is written at one injection point.
 struct Snippet {
     InjectionPoint point;
     const char *code;
     bool stamps;  // the text follows
-    bool toPrint;
 };
 
 // clang-format off
-Snippet snippets[] = {
-    // point                  code                                             stamps toPrint
+constexpr Snippet snippets[] = {
+    // point                  code                                             stamps
     {kPointAfterBeginProlog,  "userdict/kvxInfo 2 dict dup begin\n"
                               "/kvxpgsave 0 def\n"
-                              "/kvxbp{/kvxpgsave save store} bind def\n",         false, true},
-    {kPointAfterEndPageSetup, "kvxbp\n",                                          false, true},
-    {kPointBeforeEp,          "pgsave restore /pgsave save store gsave\n",        true,  true},
-    {kPointBeforeEndp,        "pm restore /pm save store gsave\n",                true,  true},
-    {kPointBeforePageRestore, "kvxpgsave restore /kvxpgsave save store gsave\n",  true,  true},
+                              "/kvxbp{/kvxpgsave save store} bind def\n",         false},
+    {kPointAfterEndPageSetup, "kvxbp\n",                                          false},
+    {kPointBeforeEp,          "pgsave restore /pgsave save store gsave\n",        true},
+    {kPointBeforeEndp,        "pm restore /pm save store gsave\n",                true},
+    {kPointBeforePageRestore, "kvxpgsave restore /kvxpgsave save store gsave\n",  true},
 };
 // clang-format on
 
-__attribute__((format(printf, 2, 3))) void PutLine(std::FILE *stream, const char *format, ...) {
+// The job's: which snippets have had their turn, where the watermark is for the first page alone.
+bool isDone[std::size(snippets)];
+
+[[gnu::format(printf, 2, 3)]] void PutLine(std::FILE *stream, const char *format, ...) {
     char line[kLineSize];
     std::va_list values;
     va_start(values, format);
@@ -60,27 +62,28 @@ bool WatermarkIsDrawn() {
 }
 
 void WatermarkOutputStamp(std::FILE *stream) {
-    const WatermarkOptions &w = psOptionWatermark;
+    const WatermarkOptions &ticket = psOptionWatermark;
     float x = 0.0F;
     float y = 0.0F;
-    GetWatermarkPostion(&x, &y, kWatermarkOnPage, w.width, w.height, w.horizontalOffset,
-                        w.verticalOffset);
-    PutLine(stream, "%.2f%c%.2f%c%.2f setrgbcolor\n", Thinned(w.red), WATERMARKSPACE,
-            Thinned(w.green), WATERMARKSPACE, Thinned(w.blue));
-    PutLine(stream, "/%s%c%d selectfont\n", w.font, WATERMARKSPACE, w.fontSize);
+    GetWatermarkPostion(&x, &y, kWatermarkOnPage, ticket.width, ticket.height,
+                        ticket.horizontalOffset, ticket.verticalOffset);
+    PutLine(stream, "%.2f%c%.2f%c%.2f setrgbcolor\n", Thinned(ticket.red), WATERMARKSPACE,
+            Thinned(ticket.green), WATERMARKSPACE, Thinned(ticket.blue));
+    PutLine(stream, "/%s%c%d selectfont\n", ticket.font, WATERMARKSPACE, ticket.fontSize);
     PutLine(stream, "%.2f%c%.2f moveto\n", x, WATERMARKSPACE, y);
-    PutLine(stream, "%d rotate\n", w.angle);
-    PutLine(stream, "%s show\n", w.text);
+    PutLine(stream, "%d rotate\n", ticket.angle);
+    PutLine(stream, "%s show\n", ticket.text);
     KVfprintf(stream, "grestore\n");
 }
 
 void WatermarkOutputPSCommandFromFilter(int point, int, std::FILE *stream) {
     if (!WatermarkIsDrawn()) return;
     psOptionWatermark.options = 1;
-    for (Snippet &snippet : snippets) {
-        if (snippet.point != point || !snippet.toPrint) continue;
+    for (std::size_t i = 0; i < std::size(snippets); i++) {
+        const Snippet &snippet = snippets[i];
+        if (snippet.point != point || isDone[i]) continue;
         KVfprintf(stream, snippet.code);
         if (snippet.stamps) WatermarkOutputStamp(stream);
-        snippet.toPrint = psOptionWatermark.onlyFirst == 0;
+        isDone[i] = psOptionWatermark.onlyFirst != 0;
     }
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Draws the watermark: procedures behind "%%BeginProlog", a mark at each page's start, and at each
+// Draws the watermark: procedures after "%%BeginProlog", a mark at each page's start, and at each
 // page's end the text, on top of what the page shows. The document's prolog defines the saves that
 // a page end goes back to (pgsave for "ep", pm for "endp").
 #pragma once

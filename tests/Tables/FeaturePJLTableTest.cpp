@@ -11,8 +11,7 @@
 namespace {
 
 TEST(FeaturePJLTable, HoldsTheExpectedRowsInOrder) {
-    ASSERT_EQ(std::size(kExpectedFeatures), 123U);
-    ASSERT_EQ(kFeaturePJLRowCount, 123);
+    ASSERT_EQ(std::size(kExpectedFeatures), std::size_t(kFeaturePJLRowCount));
     for (std::int32_t i = 0; i < kFeaturePJLRowCount; i++) {
         const FeaturePJLRow &row = FeaturePPDKeyNameandMarkedValuetoPJLCommand[i];
         SCOPED_TRACE(i);

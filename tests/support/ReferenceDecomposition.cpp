@@ -5,20 +5,16 @@
 #include <vector>
 
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
-#include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
 #include "support/ExpectedFeatures.h"
+#include "support/ReferencePass.h"
 
 namespace {
 
 struct FirstPass {
+    ReferenceLines lines;  // they go to the temporary file
     std::FILE *output;
-    std::FILE *stored;
-    char *const *argv;
     bool monochrome;
-    std::string line = {};
-    int page = 0;
-    bool prologEnded = false;
     int resolution = 0;
     bool resolutionPending = true;
 
@@ -26,7 +22,7 @@ struct FirstPass {
 
     void PutFeature() {
         std::vector<std::string> tokens(1);
-        for (const char byte : line.substr(0, 99)) {
+        for (const char byte : lines.line.substr(0, 99)) {
             if (byte != ' ') {
                 tokens.back() += byte;
             } else if (!tokens.back().empty()) {
@@ -58,12 +54,13 @@ struct FirstPass {
 
     bool HoldsAll(std::initializer_list<const char *> names) const {
         for (const char *name : names) {
-            if (line.find(name) == std::string::npos) return false;
+            if (lines.line.find(name) == std::string::npos) return false;
         }
         return true;
     }
 
     void PutSettings() {
+        const std::string &line = lines.line;
         std::vector<std::size_t> digits;
         for (std::size_t i = 0; i < line.size() && digits.size() < 100; i++) {
             if (std::strchr("0123456789", line[i]) && line[i] != '\0') digits.push_back(i);
@@ -79,53 +76,19 @@ struct FirstPass {
         }
     }
 
-    void PutLine(int lineEnd) {
-        KVfwrite(line.data(), 1, line.size(), stored);
-        KVfputc(lineEnd, stored);
-    }
-
-    // False if the job was cancelled.
-    bool StoreLine(int lineEnd) {
-        if (line == "ep" || line == "endp") {
-            page++;
-            OutputPSCommandFromFilter(line == "ep" ? 27 : 28, page, stored);
-        }
-        if ((line == "ep" || line == "endp" || line == "showpage") && CancelJob == 1) return false;
-        if (line == "%%EndSetup") OutputPSCommandFromFilter(16, page, stored);
-        if (line == "userdict/setpagedevice{pop}bind put") {
-            OutputPSCommandFromFilter(21, page, stored);
-        }
-        if (line == "%%EndProlog") {
-            if (!prologEnded) OutputPSCommandFromFilter(14, page, stored);
-            prologEnded = true;
-        }
-        PutLine(lineEnd);
-        if (line == "bp") OutputPSCommandFromFilter(23, page, stored);
-        if (line == "%%EndPageSetup") OutputPSCommandFromFilter(24, page, stored);
-        if (line == "%%BeginProlog") OutputPSCommandFromFilter(13, page, stored);
-        if (line == "ep") OutputPageLogCommand(page, argv);
-        return true;
-    }
-
     // False if the job was cancelled.
     bool Process(int byte) {
         if (byte != 10 && byte != 13) {
-            line += static_cast<char>(byte);
-            if (line.size() == 8065) {
-                KVfwrite(line.data(), 1, line.size(), stored);
-                line.clear();
-            }
+            lines.Take(byte);
             return true;
         }
-        if (line.substr(0, 15) == "%%BeginFeature:") {
+        if (lines.line.substr(0, 15) == "%%BeginFeature:") {
             PutFeature();
         } else if (HoldsAll({"TSCR", "GSCR", "ISCR", "TTRC", "GTRC", "ITRC"}) ||
                    HoldsAll({"TCPR", "GCPR", "ICPR"})) {
             PutSettings();
         }
-        const bool goesOn = StoreLine(byte);
-        line.clear();
-        return goesOn;
+        return lines.End(byte);
     }
 };
 
@@ -155,7 +118,7 @@ void SecondPass(const std::string &stored, std::FILE *output) {
 std::string ReferenceDecomposition(std::FILE *input, std::FILE *output, char *const argv[],
                                    bool monochrome) {
     std::FILE *stored = std::tmpfile();
-    FirstPass pass{output, stored, argv, monochrome};
+    FirstPass pass{{stored, argv}, output, monochrome};
     int byte = std::fgetc(input);
     bool goesOn = true;
     for (int next; goesOn && byte != EOF && (next = std::fgetc(input)) != EOF; byte = next) {

@@ -13,8 +13,6 @@
 
 namespace {
 
-constexpr char KPPDColorDeviceKey[] = "ColorDevice";
-
 // A choice in the PPD and what the printer calls it.
 struct Choice {
     std::string_view value;

@@ -9,7 +9,8 @@
 #include <cstdint>
 #include <string_view>
 
-// Features with a rule of their own; all others are rows of Tables/FeaturePJLTable.h.
+// Features with a rule of their own; the other values of the first and all other features are rows
+// of Tables/FeaturePJLTable.h.
 constexpr std::string_view kOutputModeKeyword = "*KVOutputMode";  // resolution
 constexpr std::string_view kHalftoneKeyword = "*KVHalftone";      // screens of monochrome devices
 constexpr std::string_view kFrameModeKeyword = "*KVFrameMode";    // stays PostScript

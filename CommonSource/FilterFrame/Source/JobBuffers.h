@@ -25,7 +25,7 @@ extern StdText StdLayoutDirectionInfo;
 extern StdText StdLayoutRowInfo;
 extern StdText StdLayoutColumnInfo;
 
-// The unadjusted paper rectangle of the page format and, behind it, of the job, in points.
+// The unadjusted paper rectangle of the page format and, after it, of the job, in points.
 extern StdText StdPaperInfoRectOriginXKey;
 extern StdText StdPaperInfoRectOriginYKey;
 extern StdText StdPaperInfoRectHeightKey;

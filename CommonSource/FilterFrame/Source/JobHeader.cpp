@@ -15,10 +15,21 @@
 #include "Modules/PBind/PBindCommands.h"
 #include "Modules/SpecialPage/SpecialPageDocument.h"
 
-namespace {
+// A code reads KV, the series (10 office printers, 20 and 30 copiers, 40 presses), the model and
+// the kind of machine (P, C, X).
+const char *const modelsWithComment[] = {
+    "KV1010P", "KV1012P", "KV1014P", "KV1016P", "KV1018P", "KV1020P", "KV1022P", "KV1024P",
+    "KV1026P", "KV1028P", "KV1030P", "KV1032P", "KV1034P", "KV1036P", "KV1038P", "KV1040P",
+    "KV2010C", "KV2012C", "KV2014C", "KV2016C", "KV2018C", "KV2020C", "KV2022C", "KV2024C",
+    "KV2026C", "KV2028C", "KV2030C", "KV2032C", "KV2034C", "KV2036C", "KV2038C", "KV2040C",
+    "KV3010C", "KV3012C", "KV3014C", "KV3016C", "KV3018C", "KV3020C", "KV3022C", "KV3024C",
+    "KV3026C", "KV3028C", "KV3030C", "KV3032C", "KV3034C", "KV3036C", "KV3038C", "KV3040C",
+    "KV4010X", "KV4012X", "KV4014X", "KV4016X", "KV4018X", "KV4020X", "KV4022X", "KV4024X",
+    "KV4026X", "KV4028X", "KV4030X", "KV4032X", "KV4034X", "KV4036X", "KV4038X", "KV4040X",
+    "",
+};
 
-constexpr char KPPDCommentOnKey[] = "CommentOn";    // "True": write the job-information block
-constexpr char KPPDPCFileNameKey[] = "PCFileName";  // carries the model's product-type code
+namespace {
 
 // Universal exit language: the printer leaves whatever language it is in.
 constexpr char prtfmtStrKPJLHead[] = "%c%c-12345X";
@@ -120,17 +131,3 @@ void OutputKPJLCommand(char *const argv[]) {
     if (JobPPDAttributeIs(KPPDPSDecompModeKey, "1")) return;
     OutputKPJLCommandFromArray(argv, prtFmtTableEnterPS, numFmtTableEnterPS);
 }
-
-// A code reads KV, the series (10 office printers, 20 and 30 copiers, 40 presses), the model and
-// the kind of machine (P, C, X).
-const char *const modelsWithComment[65] = {
-    "KV1010P", "KV1012P", "KV1014P", "KV1016P", "KV1018P", "KV1020P", "KV1022P", "KV1024P",
-    "KV1026P", "KV1028P", "KV1030P", "KV1032P", "KV1034P", "KV1036P", "KV1038P", "KV1040P",
-    "KV2010C", "KV2012C", "KV2014C", "KV2016C", "KV2018C", "KV2020C", "KV2022C", "KV2024C",
-    "KV2026C", "KV2028C", "KV2030C", "KV2032C", "KV2034C", "KV2036C", "KV2038C", "KV2040C",
-    "KV3010C", "KV3012C", "KV3014C", "KV3016C", "KV3018C", "KV3020C", "KV3022C", "KV3024C",
-    "KV3026C", "KV3028C", "KV3030C", "KV3032C", "KV3034C", "KV3036C", "KV3038C", "KV3040C",
-    "KV4010X", "KV4012X", "KV4014X", "KV4016X", "KV4018X", "KV4020X", "KV4022X", "KV4024X",
-    "KV4026X", "KV4028X", "KV4030X", "KV4032X", "KV4034X", "KV4036X", "KV4038X", "KV4040X",
-    "",
-};

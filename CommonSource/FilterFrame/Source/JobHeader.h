@@ -17,7 +17,7 @@ extern const std::int32_t numFmtTableKPJLTrailer;
 
 // Product-type codes, found in a PPD's PCFileName, of the models whose jobs carry the
 // job-information block whatever their PPD says. Ends with an empty entry.
-extern const char *const modelsWithComment[65];
+extern const char *const modelsWithComment[];
 
 // Binds the tables above and every module's to their lists; once, before anything is written.
 void InializeDescriptionTable();

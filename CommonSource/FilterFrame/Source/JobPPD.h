@@ -19,6 +19,13 @@ ppd_attr_t *ppdFindAttr_ALT(ppd_file_t *ppd, const char *name);
 // Whether the job's PPD has the attribute `name` and its value is exactly `value`.
 bool JobPPDAttributeIs(const char *name, const char *value);
 
-// PPD keywords that several steps of the job ask for.
-constexpr char KPPDPSDecompModeKey[] = "KVPSDecompMode";  // "1": PPD features become PJL
-constexpr char KPPDPrinterLanguageEncodingKey[] = "KVPrinterLanguageEncoding";
+// The PPD keywords that the steps of a job ask for.
+// clang-format off
+constexpr char KPPDColorDeviceKey[]             = "ColorDevice";                // "False": monochrome
+constexpr char KPPDColorModeKey[]               = "KVColorMode";                // the PPD sets the render mode
+constexpr char KPPDCommentOnKey[]               = "CommentOn";                  // "True": job-information block
+constexpr char KPPDFrontEndKey[]                = "KVFrontEnd";                 // "CUPS": plain CUPS sends the jobs
+constexpr char KPPDPCFileNameKey[]              = "PCFileName";                 // has the model's product-type code
+constexpr char KPPDPrinterLanguageEncodingKey[] = "KVPrinterLanguageEncoding";  // of the job-information block
+constexpr char KPPDPSDecompModeKey[]            = "KVPSDecompMode";             // "1": PPD features become PJL
+// clang-format on

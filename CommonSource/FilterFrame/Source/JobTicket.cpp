@@ -158,20 +158,6 @@ int GetNumberUpTicketStringForComment(const char *key, int optionCount, cups_opt
     return 1;
 }
 
-// clang-format off
-const TicketGetterName ticketGetterNames[9] = {
-    {CheckTicketKey,                              "CheckTicketKey",                              "1 if the key is absent"},
-    {GetTicketInteger,                            "GetTicketInteger",                            "integer"},
-    {GetTicketFloat,                              "GetTicketFloat",                              "floating number"},
-    {GetTicketString,                             "GetTicketString",                             "text"},
-    {GetTicketStringConvertedToPrtLang,           "GetTicketStringConvertedToPrtLang",           "text, decoded"},
-    {GetTicketStringConvertedToPrtLangForUTF8,    "GetTicketStringConvertedToPrtLangForUTF8",    "text in UTF-8, decoded"},
-    {GetTicketStringConvertedToPPDEncodingString, "GetTicketStringConvertedToPPDEncodingString", "text in parentheses, decoded"},
-    {GetNumberUpTicketString,                     "GetNumberUpTicketString",                     "pages on a sheet, \"N4\""},
-    {GetNumberUpTicketStringForComment,           "GetNumberUpTicketStringForComment",           "pages on a sheet, \"4\""},
-};
-// clang-format on
-
 void numstrtochar(char *text, std::int32_t size) {
     if (*text != '/') return;
     const char *end = text + strnlen(text, static_cast<std::size_t>(size) - 1);

@@ -76,7 +76,8 @@ TicketGetterFunction GetTicketFloat;
 TicketGetterFunction GetTicketString;
 TicketGetterFunction GetTicketStringConvertedToPrtLang;
 
-// The text decoded, in UTF-8 and as the PPD's encoding asks for it (TextEncoding.h).
+// The text decoded, in UTF-8 and as the PPD's encoding asks for it (TextEncoding.h). Kept as
+// interface; no job reaches these.
 TicketGetterFunction GetTicketStringConvertedToPrtLangForUTF8;
 TicketGetterFunction GetTicketStringConvertedToPPDEncodingString;
 
@@ -91,7 +92,19 @@ struct TicketGetterName {
     const char *name;     // as above
     const char *meaning;  // "integer"
 };
-extern const TicketGetterName ticketGetterNames[9];
+// clang-format off
+inline constexpr TicketGetterName ticketGetterNames[] = {
+    {CheckTicketKey,                              "CheckTicketKey",                              "1 if the key is absent"},
+    {GetTicketInteger,                            "GetTicketInteger",                            "integer"},
+    {GetTicketFloat,                              "GetTicketFloat",                              "floating number"},
+    {GetTicketString,                             "GetTicketString",                             "text"},
+    {GetTicketStringConvertedToPrtLang,           "GetTicketStringConvertedToPrtLang",           "text, decoded"},
+    {GetTicketStringConvertedToPrtLangForUTF8,    "GetTicketStringConvertedToPrtLangForUTF8",    "text in UTF-8, decoded"},
+    {GetTicketStringConvertedToPPDEncodingString, "GetTicketStringConvertedToPPDEncodingString", "text in parentheses, decoded"},
+    {GetNumberUpTicketString,                     "GetNumberUpTicketString",                     "pages on a sheet, \"N4\""},
+    {GetNumberUpTicketStringForComment,           "GetNumberUpTicketStringForComment",           "pages on a sheet, \"4\""},
+};
+// clang-format on
 
 // Decodes in place a slash-coded text ("/72/105" is "Hi"), in a buffer of `size` bytes.
 void numstrtochar(char *text, std::int32_t size);

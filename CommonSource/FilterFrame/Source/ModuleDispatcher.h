@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The one place that knows all feature modules and the order in which they are called. A new
-// module is added here.
+// The one place that knows every module's tables, and the order of what all modules do alike: bind
+// their tables, read the ticket, write the commands of a table, write PostScript at the injection
+// points. A new module is added here. The lines that a module writes by code of its own (special
+// pages, perfect binding, booklets, job information) have their places in JobHeader.cpp.
 #pragma once
 
 #include <cstdio>

@@ -28,6 +28,7 @@ extern const ValidateScale userNameValidateDataScale;
 extern const ValidateScale docuNameValidateDataScale;
 extern const ValidateScale docuNameValidateDataScaleForProduct02;
 extern const ValidateScale docuNameValidateDataScaleForProduct03;
+// Kept as interface; no job reaches these.
 extern const ValidateScale userNameValidateDataScaleForUTF8;
 extern const ValidateScale docuNameValidateDataScaleForProduct03UTF8;
 
@@ -53,12 +54,13 @@ int IsAllSpace(const char *text);
 // Replaces a StdUserName that is empty, all spaces or not acceptable by defaultUserName.
 void InvalidateStdUserName();
 
-// Cuts StdDocumentName to 24 bytes; returns its length before.
+// Cuts StdDocumentName to 24 bytes; returns its length before. Kept as interface; no job reaches
+// this.
 int InvalidateStdDocumentName();
 
 // Cuts StdDocumentName to the limit of the ticket's product type and copies it into
 // PTStdDocumentName, which stays empty if the name is not acceptable or no type is given.
 void InvalidateStdDocumentNameForProductType(char *const argv[]);
 
-// The same rules applied to PTStdDocumentName itself.
+// The same rules applied to PTStdDocumentName itself. Kept as interface; no job reaches this.
 void InvalidatePrintTypeDocumentNameForProductType(char *const argv[]);

@@ -57,13 +57,17 @@ std::string PadGroups(std::string_view text) {
     }
 }
 
-// Puts a run of groups in the place of the first group of zeros that has something behind it. The
+// Puts a run of groups in the place of the first group of zeros that has something after it. The
 // run makes eight groups of five to eight. An address of fewer comes out one group longer and stays
 // so: accounting compares these texts.
 std::string ExpandZeros(const std::string &padded) {
     const std::size_t place = padded.find("0000");
     if (place == std::string::npos || place + 4 >= padded.size()) return "";
-    const int groups = (43 - static_cast<int>(padded.size())) / 4;
+    // One group in a whole address, and one more for each four characters that are missing.
+    constexpr int kWholeLength = 39;  // eight groups and their signs
+    constexpr int kGroupLength = 4;
+    const int groups =
+        (kWholeLength + kGroupLength - static_cast<int>(padded.size())) / kGroupLength;
     std::string expanded = padded.substr(0, place);
     for (int i = 0; i < groups; i++) expanded.append(i == 0 ? "0000" : ":0000");
     return expanded.append(padded, place + 4);

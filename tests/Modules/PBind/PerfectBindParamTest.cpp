@@ -9,7 +9,7 @@
 
 namespace {
 
-const char *const pairs[77][2] = {
+const char *const pairs[][2] = {
     {"A3", "A3"},
     {"A4", "A4"},
     {"A5", "A5"},
@@ -105,8 +105,8 @@ TEST(PerfectBindParam, HasEveryPairAndEndsWithANullPair) {
         EXPECT_STREQ(PerfectBindParam[i].keyword, pairs[i][1]);
         EXPECT_EQ(Keyword(pairs[i][0]), pairs[i][1]);
     }
-    EXPECT_EQ(PerfectBindParam[77].ppdValue, nullptr);
-    EXPECT_EQ(PerfectBindParam[77].keyword, nullptr);
+    EXPECT_EQ(PerfectBindParam[kPerfectBindParamNum].ppdValue, nullptr);
+    EXPECT_EQ(PerfectBindParam[kPerfectBindParamNum].keyword, nullptr);
 }
 
 TEST(PerfectBindParam, NoChoiceNameStandsTwice) {
