@@ -30,11 +30,15 @@ void PutTime(char (&text)[64]) {
     }
 }
 
-// Builds the path; false, and errno, if it does not fit.
+// Builds the path; false, and errno, if it does not fit or the format is none.
 bool BuildPath(const char *folder, const char *format, const char *name,
                char (&path)[kPrivatePathSize]) {
-    const char *fileFormat = format + std::strlen(kFolder);
-    const char *mark = std::strstr(fileFormat, "%s");
+    const char *const mark = std::strstr(format, "%s");
+    if (!mark || std::strncmp(format, kFolder, sizeof kFolder - 1) != 0) {
+        errno = EINVAL;
+        return false;
+    }
+    const char *const fileFormat = format + sizeof kFolder - 1;
     const int length =
         std::snprintf(path, sizeof path, "%s%.*s%s%s", folder, static_cast<int>(mark - fileFormat),
                       fileFormat, name, mark + 2);

@@ -15,7 +15,8 @@ constexpr std::size_t kPrivatePathSize = 255;
 // as YYYYmmddHHMMSS, and opens it for writing and reading. Where it cannot be made there, it is
 // made under $TMPDIR (CUPS sets it to a folder that the filter may write), else under /tmp. If the
 // name is taken, "-" and the process id follow the time, or else "-" and what nobody can foretell.
-// Stores the path and returns the stream, or returns null and sets errno.
+// Stores the path and returns the stream, or returns null and sets errno (EINVAL for a format that
+// is not as said).
 std::FILE *CreatePrivateFile(const char *format, char (&path)[kPrivatePathSize]);
 
 // The same, but the file has lost its name: it is gone when the process ends, whatever ends it.

@@ -59,6 +59,15 @@ class PrivateFileTest : public testing::Test {
     char path_[kPrivatePathSize];
 };
 
+TEST_F(PrivateFileTest, AFormatThatIsNoneMakesNoFile) {
+    for (const char *format : {"/private/tmp/kv.job", "/tmp/kv%s.job", "kv%s.job", ""}) {
+        errno = 0;
+        EXPECT_EQ(CreatePrivateFile(format, path_), nullptr) << format;
+        EXPECT_EQ(errno, EINVAL) << format;
+    }
+    EXPECT_TRUE(Files().empty());
+}
+
 TEST_F(PrivateFileTest, IsNamedAfterTheTimeAndPrivate) {
     std::FILE *file = CreatePrivateFile(kFormat, path_);
     ASSERT_NE(file, nullptr);
