@@ -58,7 +58,8 @@ bool IsSurrogate(UInt32 code) {
     return code >= 0xD800 && code <= 0xDFFF;
 }
 
-// The code point at `position`, which moves on after it. Half of a surrogate pair stands for itself.
+// The code point at `position`, which moves on after it. Half of a surrogate pair stands for
+// itself.
 UInt32 NextCodePoint(CFStringRef string, CFIndex &position) {
     const UInt32 first = string->units[position++];
     if (first < 0xD800 || first > 0xDBFF || position == string->length) return first;

@@ -6,9 +6,8 @@
 // A ticket table is a row file, Modules/<Module>/<Module>Ticket.def. Nothing about a key stands
 // elsewhere; an entry is
 //
-//     KV_KEY(password, TextField<17>, kPrintTypePasswordTicketKey, KV_TICKET
-//     "PrintTypePasswordTicketKey",
-//            "text", "password of a secure print")
+//     KV_KEY(delayPrintTime, TextField<17>, kDelayPrintTicketKey, KV_TICKET "DelayPrintTicketKey",
+//            "text", "time of a delay print")
 //
 // the field, its type (std::int32_t, float or TextField<bytes>), the key's constant, the key, what
 // may be given and what it means; then the getter, where it is not the one that the type implies.
