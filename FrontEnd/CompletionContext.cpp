@@ -42,6 +42,16 @@ void BeginOption(CompletionContext &context, TicketSource source, std::string_vi
     context.discretion = discretion;
 }
 
+void BeginShortOption(CompletionContext &context, std::string_view name) {
+    const ShortValue *value = FindShortValue(context, name);
+    const Discretion discretion = DiscretionOf(*FindShortOption(name));
+    if (value) {
+        BeginOption(context, value->source, value->option, value->given, discretion);
+    } else {
+        BeginOption(context, TicketSource::ShortOption, name, "", discretion);
+    }
+}
+
 const char *TicketValue(const CompletionContext &context, std::string_view key) {
     const std::vector<TicketEntry> &entries = context.ticket.entries;
     const auto entry =

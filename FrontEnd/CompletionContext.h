@@ -53,6 +53,9 @@ const ShortValue *FindShortValue(const CompletionContext &context, std::string_v
 void BeginOption(CompletionContext &context, TicketSource source, std::string_view option,
                  std::string_view given, Discretion discretion = Discretion::Open);
 
+// The same for a short option, from whatever says what it is.
+void BeginShortOption(CompletionContext &context, std::string_view name);
+
 // The value that the ticket has for `key` by now, or null.
 const char *TicketValue(const CompletionContext &context, std::string_view key);
 

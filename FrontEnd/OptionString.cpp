@@ -44,6 +44,10 @@ std::vector<JobOption> ParseOnce(const char *text) {
 
 }  // namespace
 
+bool IsCustomChoice(std::string_view value) {
+    return SameName(value.substr(0, kCustomChoice.size()), kCustomChoice);
+}
+
 bool SameName(std::string_view a, std::string_view b) {
     return a.size() == b.size() && strncasecmp(a.data(), b.data(), a.size()) == 0;
 }

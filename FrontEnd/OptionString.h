@@ -22,5 +22,9 @@ std::vector<JobOption> ParseOptionString(const char *options);
 // Appends " name=value" so that the parser returns just that value.
 void AppendOption(std::string &options, std::string_view name, std::string_view value);
 
+// What CUPS puts before a value of the user's own, and whether a value begins with it.
+constexpr std::string_view kCustomChoice = "Custom.";
+bool IsCustomChoice(std::string_view value);
+
 // Whether two names are the same option: CUPS does not look at case.
 bool SameName(std::string_view a, std::string_view b);

@@ -5,36 +5,10 @@
 #include <cstring>
 
 #include "CommonSource/FilterFrame/Source/BoundedText.h"
-#include "CommonSource/FilterFrame/Source/JobTicket.h"
+#include "FrontEnd/PrintModeKeys.h"
 #include "FrontEnd/ShortOptions.h"
-#include "FrontEnd/TicketText.h"
 
 namespace {
-
-constexpr char kPrintMode[] = "KVPrintMode";
-constexpr char kOwner[] = "KVOwner";
-constexpr char kPassword[] = "KVPassword";
-constexpr char kMailbox[] = "KVMailbox";
-constexpr char kDelayUntil[] = "KVDelayUntil";
-constexpr char kJobName[] = "KVJobName";
-
-constexpr char kPrintTypeTicketKey[] = KV_TICKET "PrintTypeTicketKey";
-constexpr char kPrintTypeUserNameTicketKey[] = KV_TICKET "PrintTypeUserNameTicketKey";
-constexpr char kPrintTypePasswordTicketKey[] = KV_TICKET "PrintTypePasswordTicketKey";
-constexpr char kDocumentNameTypeTicketKey[] = KV_TICKET "DocumentNameTypeTicketKey";
-constexpr char kDocumentNameTicketKey[] = KV_TICKET "DocumentNameTicketKey";
-constexpr char kDelayPrintTicketKey[] = KV_TICKET "DelayPrintTicketKey";
-constexpr char kPrintTypeMBNTicketKey[] = KV_TICKET "PrintTypeMBNTicketKey";
-constexpr char kPrintTypeMBNPasswordTicketKey[] = KV_TICKET "PrintTypeMBNPasswordTicketKey";
-
-// Bytes of the printer's fields, without a NUL.
-constexpr std::size_t kOwnerSize = 72;
-constexpr std::size_t kSecurePasswordSize = 16;
-constexpr std::size_t kMailboxPasswordSize = 29;
-constexpr std::size_t kJobNameSize = 192;
-
-// The printer's print types.
-enum PrintType { kNormal = 1, kSecure = 2, kSample = 3, kDelay = 4, kInMailbox = 5 };
 
 struct Mode {
     const char *name;
@@ -50,21 +24,6 @@ constexpr Mode kModes[] = {{"Normal", kNormal},
 bool GivenForJob(const CompletionContext &context, const char *name) {
     const ShortValue *value = FindShortValue(context, name);
     return value && value->source != TicketSource::QueueDefault && ShortOptionValue(context, name);
-}
-
-void Begin(CompletionContext &context, const char *name) {
-    const ShortValue *value = FindShortValue(context, name);
-    const Discretion discretion = DiscretionOf(*FindShortOption(name));
-    if (value) {
-        BeginOption(context, value->source, value->option, value->given, discretion);
-    } else {
-        BeginOption(context, TicketSource::ShortOption, name, "", discretion);
-    }
-}
-
-void Refuse(CompletionContext &context, const char *name, std::string_view why) {
-    Begin(context, name);
-    Note(context, TicketNotice::Refused, why);
 }
 
 // The mode that was chosen, or that what was given for this job stands for.
@@ -100,14 +59,14 @@ bool IsNumber(std::string_view text, std::size_t digits) {
 
 void AddOwner(CompletionContext &context) {
     const char *owner = ShortOptionValue(context, kOwner);
-    Begin(context, kOwner);
+    BeginShortOption(context, kOwner);
     if (!owner) context.option = "user", context.given = context.argv[2];
     AddText(context, kPrintTypeUserNameTicketKey, owner ? owner : context.argv[2], kOwnerSize);
 }
 
 void AddJobName(CompletionContext &context) {
     const char *name = ShortOptionValue(context, kJobName);
-    Begin(context, kJobName);
+    BeginShortOption(context, kJobName);
     if (!name) context.option = "title", context.given = context.argv[3];
     if (TicketValue(context, kDocumentNameTypeTicketKey)) return;
     if (AddText(context, kDocumentNameTicketKey, name ? name : context.argv[3], kJobNameSize)) {
@@ -118,14 +77,14 @@ void AddJobName(CompletionContext &context) {
 void AddPassword(CompletionContext &context, const char *key, std::size_t size) {
     const char *password = ShortOptionValue(context, kPassword);
     if (!password) return;
-    Begin(context, kPassword);
+    BeginShortOption(context, kPassword);
     AddText(context, key, password, size);
 }
 
 void AddMailbox(CompletionContext &context) {
     const char *number = ShortOptionValue(context, kMailbox);
     if (number && IsNumber(number, 4)) {
-        Begin(context, kMailbox);
+        BeginShortOption(context, kMailbox);
         AddKey(context, kPrintTypeMBNTicketKey, number);
     }
     AddPassword(context, kPrintTypeMBNPasswordTicketKey, kMailboxPasswordSize);
@@ -135,7 +94,7 @@ void AddMailbox(CompletionContext &context) {
 bool AddTime(CompletionContext &context) {
     const char *time = ShortOptionValue(context, kDelayUntil);
     if (TicketValue(context, kDelayPrintTicketKey)) return true;
-    Begin(context, kDelayUntil);
+    BeginShortOption(context, kDelayUntil);
     if (!time || !IsTimeOfDay(time)) {
         Note(context, TicketNotice::Dropped, "is no time as 23:30: the job is printed at once");
         return false;
@@ -158,12 +117,13 @@ void NoteUnused(CompletionContext &context, PrintType type) {
     };
     for (const auto &[name, used, modes] : kUses) {
         if (used || !GivenForJob(context, name)) continue;
-        Begin(context, name);
+        BeginShortOption(context, name);
         Note(context, TicketNotice::Dropped, std::string("is not used: it belongs to ") + modes);
     }
     if (type != kSecure && type != kInMailbox && GivenForJob(context, kPassword)) {
-        Refuse(context, kPassword,
-               "would not keep the job: KVPrintMode is neither Secure nor Mailbox");
+        BeginShortOption(context, kPassword);
+        Note(context, TicketNotice::Refused,
+             "would not keep the job: KVPrintMode is neither Secure nor Mailbox");
     }
 }
 
@@ -186,10 +146,6 @@ void AddKeysOf(CompletionContext &context, PrintType type) {
 
 }  // namespace
 
-bool IsConfidentialOption(std::string_view name) {
-    return name == kPrintMode || name == kPassword || name == kMailbox;
-}
-
 void AddPrintMode(CompletionContext &context) {
     const char *option = nullptr;
     PrintType type = FindMode(context, option);
@@ -203,43 +159,8 @@ void AddPrintMode(CompletionContext &context) {
     // A queue that keeps no jobs needs no line to say so.
     const ShortValue *mode = FindShortValue(context, kPrintMode);
     if (type != kNormal || (mode && mode->source != TicketSource::QueueDefault)) {
-        Begin(context, option);
+        BeginShortOption(context, option);
         AddKey(context, kPrintTypeTicketKey, std::to_string(type));
     }
     AddKeysOf(context, type);
-}
-
-void RefuseOpenConfidentialJob(CompletionContext &context) {
-    if (context.ticket.refused) return;
-    const char *written = TicketValue(context, kPrintTypeTicketKey);
-    const std::int32_t type = written ? LeadingInteger(written) : kNormal;
-    const auto reaches = [&](const char *key, std::size_t size) {
-        const char *value = TicketValue(context, key);
-        bool faithful = false;
-        if (value) PrinterBytes(value, size + 1, faithful);
-        return faithful;
-    };
-    if (type == kSecure) {
-        bool faithful = false;
-        const char *owner = TicketValue(context, kPrintTypeUserNameTicketKey);
-        if (!owner || PrinterBytes(owner, kOwnerSize + 1, faithful).empty()) {
-            Refuse(context, kOwner,
-                   "has no letters that the printer knows, and a secure print needs an owner");
-        }
-        if (!reaches(kPrintTypePasswordTicketKey, kSecurePasswordSize)) {
-            Refuse(
-                context, kPassword,
-                "is needed for a secure print, at most 16 bytes of letters that the printer knows");
-        }
-    }
-    if (type == kInMailbox) {
-        if (!reaches(kPrintTypeMBNTicketKey, 4)) {
-            Refuse(context, kMailbox, "has to be the number of a mailbox, 1 to 4 digits");
-        }
-        if (TicketValue(context, kPrintTypeMBNPasswordTicketKey) &&
-            !reaches(kPrintTypeMBNPasswordTicketKey, kMailboxPasswordSize)) {
-            Refuse(context, kPassword,
-                   "has more than 29 bytes or letters that the printer does not know");
-        }
-    }
 }

@@ -1,20 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// What becomes of the job on the printer: printed at once, or kept for its owner. A job that is
-// meant to be confidential must never lie open in the tray: where its confidentiality cannot be had
-// it is refused.
+// What becomes of the job on the printer: printed at once, or kept for its owner.
 #pragma once
-
-#include <string_view>
 
 #include "FrontEnd/CompletionContext.h"
 
-// Whether a job that names this option wrongly could be meant to be confidential.
-bool IsConfidentialOption(std::string_view name);
-
-// Adds the keys of KVPrintMode and of what belongs to it.
+// Adds the keys of KVPrintMode and of what belongs to it. Refuses a job with a password that its
+// print mode has no use for.
 void AddPrintMode(CompletionContext &context);
-
-// Refuses the job if the ticket, whoever wrote it, asks for confidentiality that it does not bring
-// about: no owner or password that reaches the printer unchanged. The last step but writing.
-void RefuseOpenConfidentialJob(CompletionContext &context);

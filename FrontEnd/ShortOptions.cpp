@@ -6,9 +6,9 @@
 #include <iterator>
 
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
+#include "FrontEnd/Confidential.h"
 #include "FrontEnd/IPPAttributes.h"
-#include "FrontEnd/PrintMode.h"
-#include "FrontEnd/QueueDefaults.h"
+#include "FrontEnd/QueueMarking.h"
 #include "FrontEnd/ShortOptionFunctions.h"
 #include "FrontEnd/SpecialPageOptions.h"
 #include "FrontEnd/WatermarkOptions.h"
@@ -24,8 +24,6 @@ const std::size_t kShortOptionCount = std::size(kShortOptions);
 
 namespace {
 
-// What CUPS puts before a value of one's own.
-constexpr std::string_view kCustom = "Custom.";
 constexpr std::string_view kTicketPrefix = KV_TICKET;
 
 // The next word of `text`, which is left with the rest.
@@ -111,7 +109,7 @@ bool UnderstandShortOption(const ShortOption &row, std::string_view value,
         understood = choice;
         return true;
     }
-    if (SameName(value.substr(0, kCustom.size()), kCustom)) value.remove_prefix(kCustom.size());
+    if (IsCustomChoice(value)) value.remove_prefix(kCustomChoice.size());
     if (!UnderstandOwnValue(row, value)) return false;
     understood = value;
     return true;
@@ -158,8 +156,7 @@ void AddShortOptions(CompletionContext &context) {
         const ShortOption &option = kShortOptions[row];
         const char *value = ShortOptionValue(context, option.name);
         if (!value) continue;
-        const ShortValue &found = context.shortValues[row];
-        BeginOption(context, found.source, found.option, found.given, DiscretionOf(option));
+        BeginShortOption(context, option.name);
         if (option.expand) {
             option.expand(value, context);
         } else {

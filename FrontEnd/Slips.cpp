@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "FrontEnd/PrintMode.h"
+#include "FrontEnd/Confidential.h"
 #include "FrontEnd/QueueDefaults.h"
 #include "FrontEnd/ShortOptions.h"
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "FrontEnd/PageRanges.h"
-#include "FrontEnd/QueueDefaults.h"
+#include "FrontEnd/QueueMarking.h"
 #include "FrontEnd/Sheet.h"
 
 namespace {

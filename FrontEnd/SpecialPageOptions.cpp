@@ -9,7 +9,7 @@
 
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
 #include "FrontEnd/PageRanges.h"
-#include "FrontEnd/QueueDefaults.h"
+#include "FrontEnd/QueueMarking.h"
 #include "FrontEnd/SpecialPageMedia.h"
 
 namespace {
