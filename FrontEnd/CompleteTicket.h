@@ -42,10 +42,17 @@ struct TicketNotice {
         text;  // one line, names option, value and what is allowed; no name or password in it
 };
 
+// A value that the printer's fields must have for the job to be confidential.
+struct ConfidentialValue {
+    std::string key;
+    std::string bytes;  // in the printer's encoding, or the digits of a number
+};
+
 struct CompletedTicket {
     std::string options;               // the complete option string
     std::vector<TicketEntry> entries;  // of every key in it, in its order
     std::vector<TicketNotice> notices;
+    std::vector<ConfidentialValue> confidential;
     bool refused = false;  // the job asks for confidentiality that cannot be had: print nothing
 };
 

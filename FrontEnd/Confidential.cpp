@@ -6,6 +6,17 @@
 
 namespace {
 
+struct TextKey {
+    const char *key;
+    std::size_t size;
+};
+constexpr TextKey kConfidentialTexts[] = {
+    {kPrintTypeUserNameTicketKey, kOwnerSize},
+    {kPrintTypePasswordTicketKey, kSecurePasswordSize},
+    {kPrintTypeMBNTicketKey, kMailboxNumberSize},
+    {kPrintTypeMBNPasswordTicketKey, kMailboxPasswordSize},
+};
+
 void Refuse(CompletionContext &context, const char *option, std::string_view why) {
     BeginShortOption(context, option);
     Note(context, TicketNotice::Refused, why);
@@ -51,13 +62,16 @@ bool IsConfidentialOption(std::string_view name) {
 
 void RefuseOpenConfidentialJob(CompletionContext &context) {
     if (context.ticket.refused) return;
-    const char *type = TicketValue(context, kPrintTypeTicketKey);
-    switch (type ? LeadingInteger(type) : kNormal) {
-        case kSecure:
-            return RefuseOpenSecurePrint(context);
-        case kInMailbox:
-            return RefuseOpenMailbox(context);
-        default:
-            return;
+    const char *written = TicketValue(context, kPrintTypeTicketKey);
+    const std::int32_t type = written ? LeadingInteger(written) : kNormal;
+    if (type != kSecure && type != kInMailbox) return;
+    if (type == kSecure) RefuseOpenSecurePrint(context);
+    if (type == kInMailbox) RefuseOpenMailbox(context);
+    context.ticket.confidential.push_back({kPrintTypeTicketKey, std::to_string(type)});
+    for (const auto &[key, size] : kConfidentialTexts) {
+        bool faithful = false;
+        if (const char *value = TicketValue(context, key)) {
+            context.ticket.confidential.push_back({key, PrinterBytes(value, size + 1, faithful)});
+        }
     }
 }

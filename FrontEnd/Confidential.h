@@ -12,5 +12,6 @@
 bool IsConfidentialOption(std::string_view name);
 
 // Refuses the job if the ticket, whoever wrote it, asks for confidentiality that it does not bring
-// about: no owner or password that reaches the printer unchanged. The last step but writing.
+// about: no owner or password that reaches the printer unchanged. Says
+// what the printer's fields must hold then. The last step but writing.
 void RefuseOpenConfidentialJob(CompletionContext &context);

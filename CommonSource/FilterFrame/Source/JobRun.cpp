@@ -60,13 +60,22 @@ void FindClient() {
     }
 }
 
-// Completes the ticket where plain CUPS has written it. False if nothing may be printed.
-bool HasTicket(char *argv[], CompletedTicket &ticket) {
-    if (!FrontEndIsCUPS()) return true;
-    ticket = CompleteTicket(argv);
-    ReportCompletion(ticket);
-    argv[5] = ticket.options.data();
-    return !ticket.refused;
+// Reads the ticket, which is completed before where plain CUPS has written it: argv[5] is then
+// that of `ticket`. False if nothing may be printed.
+bool ReadTicket(char *argv[], CompletedTicket &ticket) {
+    if (FrontEndIsCUPS()) {
+        ticket = CompleteTicket(argv);
+        ReportCompletion(ticket);
+        if (ticket.refused) return false;
+        argv[5] = ticket.options.data();
+    }
+    if (GetTicketFromPDE(argv) != 1) return false;
+    for (const auto &[key, bytes] : ticket.confidential) {
+        if (TicketWasReadAs(key, bytes)) continue;
+        ReportError("no memory for the owner and the password of a confidential job");
+        return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -84,12 +93,12 @@ int RunJob(int argc, char *argv[]) {
     std::setbuf(stderr, nullptr);  // the page log must reach the scheduler at once
     WidenPipe(STDIN_FILENO);
     WidenPipe(STDOUT_FILENO);
-    CompletedTicket ticket;  // argv[5] for all that follows
-    if (!HasTicket(argv, ticket)) {
+    CompletedTicket ticket;
+    if (!ReadTicket(argv, ticket)) {
         CloseJobCopy();
         return 1;
     }
-    if (GetTicketFromPDE(argv) == 1) OutputKPJLCommand(argv);
+    OutputKPJLCommand(argv);
     if (JobPPDAttributeIs(KPPDPSDecompModeKey, "1")) {
         OutputPSStreamtoFileandInsertPJLforFeaturePDE(argc, argv);
     } else {

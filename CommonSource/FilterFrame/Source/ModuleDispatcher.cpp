@@ -2,6 +2,7 @@
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 
 #include <iterator>
+#include <string>
 
 #include "CommonSource/FilterFrame/Source/NameValidation.h"
 #include "Modules/Comment/CommentTicket.h"
@@ -72,6 +73,18 @@ int GetTicketFromPDE(char *const argv[]) {
     CommentGetTicketFromPDE(argv);
     SpecialPageGetTicketFromPDE(argv);
     return 1;
+}
+
+bool TicketWasReadAs(std::string_view key, std::string_view text) {
+    for (const TicketTable &table : TicketTables()) {
+        for (const ticketData &row : table.rows) {
+            if (row.key != key || !row.destination) continue;
+            if (row.getter != GetTicketInteger) return static_cast<char *>(row.destination) == text;
+            return *static_cast<std::int32_t *>(row.destination) ==
+                   LeadingInteger(std::string(text).c_str());
+        }
+    }
+    return false;
 }
 
 void OutputKPJLCommandFromFilter(char *const argv[]) {

@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <span>
+#include <string_view>
 
 #include "CommonSource/FilterFrame/Source/CommandTable.h"
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
@@ -38,6 +39,10 @@ void InializeDescriptionTableFromFilter();
 
 // Reads every module's ticket values from argv[5]. Returns 1.
 int GetTicketFromPDE(char *const argv[]);
+
+// Whether the modules have read the text `text`, or the number of these digits, for `key`. They have
+// not where memory ran out, which leaves fields empty without a word.
+bool TicketWasReadAs(std::string_view key, std::string_view text);
 
 // Writes the modules' PJL commands to standard output.
 void OutputKPJLCommandFromFilter(char *const argv[]);
