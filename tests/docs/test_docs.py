@@ -31,6 +31,13 @@ class DocsTest(unittest.TestCase):
                     self.maxDiff = None
                     self.assertEqual(self.replay(session), session)
 
+    def test_filter_by_hand_as_the_readme_says(self):
+        lines = re.findall(r"^    ((?:export PPD|build/release/)\S*.*)$",
+                           (SOURCE_DIR / "README.md").read_text(), re.MULTILINE)
+        self.assertEqual(len(lines), 3)
+        shown = self.replay("".join(f"$ {line}\n" for line in lines))
+        self.assertIn("@PJL COMMENT KVJOBINFO STAPLE=ON ", shown)
+
     def replay(self, session):
         """Runs the lines that begin with "$ " in a folder that looks like the source's."""
         with tempfile.TemporaryDirectory() as folder:
@@ -59,6 +66,27 @@ class DocsTest(unittest.TestCase):
     def test_man_pages_name_nothing_that_only_the_sources_have(self):
         for page in DOCS.glob("*.in"):
             self.assertNotRegex(page.read_text(), r"docs/|scripts/|samples/|build/")
+
+    def test_pages_name_what_there_is(self):
+        keywords = {"CommentOn", "PCFileName", "ColorDevice", "LanguageEncoding"}
+        page = (DOCS / "ppd.md").read_text()
+        keywords |= set(re.findall(r"^\| (?:option )?`(KV\w+)`", page, re.MULTILINE))
+        code = "".join(path.read_text() for folder in ("CommonSource", "FrontEnd", "Modules", "Tables")
+                       for path in (SOURCE_DIR / folder).rglob("*.*")
+                       if path.suffix in (".cpp", ".h", ".def"))
+        self.assertGreater(len(keywords), 7)
+        for keyword in keywords:
+            self.assertTrue(f'"{keyword}"' in code, keyword)
+            self.assertIn(f"`{keyword}`", page)
+        for page in DOCS.glob("*.md"):
+            text = page.read_text()
+            for path in re.findall(r"\]\(([^)#:]+)(?:#[^)]*)?\)", text):
+                self.assertTrue((DOCS / path).exists(), f"{page.name}: {path}")
+            for path in re.findall(r"`((?:tests|scripts|ppd|samples|Tables|CommonSource)/[^`<]*)`",
+                                   text):
+                self.assertTrue((SOURCE_DIR / path).exists(), f"{page.name}: {path}")
+            for model in re.findall(r"drv:///korvell\.drv/(\w+\.ppd)", text):
+                self.assertTrue(pathlib.Path(os.environ["KVFILTER_PPD_DIR"], model).exists(), model)
 
     def test_readme_is_short_and_its_links_lead_somewhere(self):
         text = (SOURCE_DIR / "README.md").read_text()

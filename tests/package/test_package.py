@@ -18,7 +18,6 @@ import unittest
 SOURCE_DIR = pathlib.Path(__file__).resolve().parents[2]
 BUILD_DIR = pathlib.Path(os.environ["KVFILTER_BUILD_DIR"])
 NAME = "printer-driver-kvfilter"
-MODEL = "drv:///korvell.drv/kv2024c.ppd"
 SKIPPED = 77  # the exit status that ctest takes as "skipped"
 IN_NAMESPACE = "KVFILTER_TEST_IN_NAMESPACE"
 
@@ -38,6 +37,16 @@ def setUpModule():
     # Whatever the umask, the package's folders are open to all.
     run("cpack", "--config", BUILD_DIR / "CPackConfig.cmake", "-B", folder, umask=0o077)
     package = next(folder.glob("*.deb"))
+
+
+def readme_commands():
+    """The commands of the README for a queue: to set it up, to print, to try, to look."""
+    text = (SOURCE_DIR / "README.md").read_text(encoding="utf-8")
+    commands = re.findall(r"^    ((?:lpadmin|lp|PPD=\S+|cupsfilter|kvjobinfo) .*)$", text, re.MULTILINE)
+    if [command.split()[0] for command in commands] != [
+            "lpadmin", "lp", "PPD=/etc/cups/ppd/office.ppd", "cupsfilter", "kvjobinfo"]:
+        raise AssertionError(commands)
+    return commands[0], commands[1], "\n".join(commands[2:4]), commands[4]
 
 
 def later_package(package, folder):
@@ -105,7 +114,7 @@ class Machine:
         return f"/root/{path.name}"
 
     def read(self, path):
-        return (self._root / path[1:]).read_text()
+        return (self._root / path[1:]).read_text(errors="replace")
 
     def start_scheduler(self):
         configuration = self._root / "etc/cups/cupsd.conf"
@@ -135,8 +144,9 @@ class Printer:
 
     def _receive(self):
         connection, _ = self._listener.accept()
-        while data := connection.recv(1 << 16):
-            self.job += data
+        with self._listener, connection:
+            while data := connection.recv(1 << 16):
+                self.job += data
 
     def received(self):
         self._thread.join(60)
@@ -159,18 +169,23 @@ class LifeTest(unittest.TestCase):
         models = machine.run("lpinfo", "--include-schemes", "drv", "-m")
         self.assertEqual(len(re.findall("^drv:///korvell.drv/", models, re.M)), 3)
         printer = Printer()
-        machine.run("lpadmin", "-p", "office", "-m", MODEL, "-v", printer.uri, "-E",
-                    "-o", "PageSize=Letter")
-        self.assertIn("KVWatermark/Watermark: *None Draft",
-                      machine.run("lpoptions", "-p", "office", "-l"))
-
         pdf = self.folder / "report.pdf"
         run("ps2pdf", SOURCE_DIR / "samples/report.ps", pdf)
-        machine.run("lp", "-d", "office", "-o", "KVStaple=LeftDouble", machine.put(pdf))
+        machine.put(pdf)
+        set_up, print_it, try_it, _ = readme_commands()
+        machine.run("sh", "-c", set_up.replace("socket://printer.example.com", f"'{printer.uri}'"))
+        machine.run("lpadmin", "-p", "office", "-o", "PageSize=Letter")
+        self.assertIn("KVWatermark/Watermark: *None Draft",
+                      machine.run("lpoptions", "-p", "office", "-l"))
+        machine.run("sh", "-c", f"cd /root; {print_it}")
         job = printer.received()
         self.assertTrue(job.startswith(b"\x1b%-12345X@PJL JOB MODE=PRINTER\r\n"), job[:200])
-        for expected in (b"\n@PJL COMMENT KVJOBINFO STAPLE=ON\n", b"/StapleLocation(LeftDouble)"):
+        for expected in (b"\n@PJL COMMENT KVJOBINFO STAPLE=ON\n", b"/StapleLocation(LeftDouble)",
+                         b"(DRAFT)"):
             self.assertTrue(expected in job, expected)
+
+        machine.run("sh", "-ec", f"cd /root\n{try_it}")
+        self.assertIn("@PJL COMMENT KVJOBINFO STAPLE=ON", machine.read("/root/report.job"))
 
         # An upgrade gives the queue its new PPD and leaves what the administrator chose.
         later = pathlib.Path(later_package(package, self.folder / "later"))
