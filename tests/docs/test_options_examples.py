@@ -51,12 +51,18 @@ class OptionsExamplesTest(unittest.TestCase):
                     self.assertIn(effect, output)
                     self.assertNotIn(effect, plain)
 
-    def test_every_option_of_the_ppd_that_is_the_filters_has_a_row(self):
-        page = PAGE.read_text()
-        for option in re.findall(r"^\*OpenUI \*(KVWatermark\w*|KVInsert|KVException|KV\w+Cover)/",
-                                 PPD.read_text(), re.MULTILINE):
+    def test_every_short_option_has_its_values_on_the_page(self):
+        page = PAGE.read_text().split("## What the print dialog sends")[0]
+        rows_file = (SOURCE_DIR / "FrontEnd/ShortOptions.def").read_text()
+        options = re.findall(r'^\{"(KV\w+)", "([^"]+)"', rows_file, re.MULTILINE)
+        self.assertGreater(len(options), 20)
+        for option, choices in options:
             with self.subTest(option):
-                self.assertIn(f"`{option}`", page.split("## What the print dialog sends")[0])
+                self.assertIn(f"`{option}", page)
+                row = next((line for line in page.splitlines()
+                            if f"`{option}`" in line.split(" | ")[0]), choices)
+                for choice in choices.split():
+                    self.assertIn(choice, row)
 
 
 if __name__ == "__main__":
