@@ -54,9 +54,10 @@ class InstallTest(unittest.TestCase):
         self.install()
         parts = {f"{data_folder()}/ppdc/korvell/{path.name}"
                  for path in (SOURCE_DIR / "ppd/korvell").iterdir()}
-        self.assertEqual(self.installed(), parts | {
+        pages = {f"/usr/share/doc/kvfilter/{page}.md" for page in
+                 ("job-format", "options", "ppd", "security", "troubleshooting")}
+        self.assertEqual(self.installed(), parts | pages | {
             filter_path(), f"{data_folder()}/drv/korvell.drv",
-            "/usr/share/doc/kvfilter/job-format.md", "/usr/share/doc/kvfilter/options.md",
             "/usr/share/man/man8/kvfilter.8",
             "/usr/share/metainfo/org.kvfilter.driver.metainfo.xml"})
 
