@@ -11,6 +11,8 @@ constexpr int kUnusable = 2;  // wrong arguments, or input that is no job
 
 int ShowCommand(int argc, char *argv[]);
 int PageCommand(int argc, char *argv[]);
+int ExplainCommand(int argc, char *argv[]);
+int OptionsCommand(int argc, char *argv[]);
 
 struct Command {
     const char *name;

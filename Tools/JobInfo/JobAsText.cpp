@@ -35,7 +35,7 @@ void PutHeader(Printout &printout, const DecodedJob &job, bool showSecrets) {
         if (text.starts_with(kExitLanguage)) text.remove_prefix(kExitLanguage.size());
         const bool isHalf = line.isPartial && !parsed.row;
         rows.push_back({showSecrets ? std::string(text) : MaskSecret(text),
-                        isHalf ? "half a line, its value is missing" : MeaningOf(parsed),
+                        isHalf ? kHalfLine : MeaningOf(parsed),
                         line.isPartial ? Style::kBad : Style::kPlain});
     }
     printout.Rows(rows);

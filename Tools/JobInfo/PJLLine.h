@@ -12,6 +12,9 @@
 inline constexpr std::string_view kExitLanguage = "\x1b%-12345X";
 inline constexpr std::string_view kPJL = "@PJL";
 
+// What people read about a line that ends where its value should stand.
+inline constexpr char kHalfLine[] = "half a line, its value is missing";
+
 // A line taken apart. Everything but `row` points into the line.
 struct PJLLine {
     PJLKind kind = kPJLCommand;

@@ -9,8 +9,10 @@ namespace {
 
 // clang-format off
 constexpr Command commands[] = {
-    {"show", ShowCommand, "[--json] [--show-secrets] [FILE]", "says what a printer-ready job tells the printer, and what is wrong with it"},
-    {"page", PageCommand, "N -o FILE.png [FILE]",             "leaves a page of a job as a picture, drawn by Ghostscript"},
+    {"show",    ShowCommand,    "[--json] [--show-secrets] [FILE]", "says what a printer-ready job tells the printer, and what is wrong with it"},
+    {"page",    PageCommand,    "N -o FILE.png [FILE]",             "leaves a page of a job as a picture, drawn by Ghostscript"},
+    {"explain", ExplainCommand, "[--ppd FILE | --queue NAME] [--user U] [--title T] [--copies N] [--json] [OPTIONS]", "says what each option of a job would do, and why others would do nothing"},
+    {"options", OptionsCommand, "[--ppd FILE] [--json]",            "lists every option that the filter knows"},
 };
 // clang-format on
 

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Tools/JobInfo/Conditions.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+#include <set>
+
+#include "CommonSource/FilterFrame/Source/JobBuffers.h"
+#include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
+#include "Tools/JobInfo/PJLLine.h"
+#include "Tools/JobInfo/Text.h"
+
+namespace {
+
+constexpr std::int32_t kAbsent = -1;  // an integer that the ticket lacks
+
+// What conditions ask of that is no value of the ticket's.
+struct SharedText {
+    const char *text;
+    const char *words;
+};
+constexpr SharedText sharedTexts[] = {
+    {HostNameStr, "name of the computer"},
+    {StdUserName, "name of the user"},
+    {StdDocumentName, "title"},
+    {PTStdDocumentName, "title in the printer's letters"},
+};
+
+const ticketData *RowOf(const CommandValue &value) {
+    for (const TicketTable &table : TicketTables()) {
+        for (const ticketData &row : table.rows) {
+            if (row.destination == value.pointer) return &row;
+        }
+    }
+    return nullptr;
+}
+
+// "ticket.documentNameType" is "document name type".
+std::string WordsOf(const CommandValue &value) {
+    for (const SharedText &shared : sharedTexts) {
+        if (shared.text == value.pointer) return shared.words;
+    }
+    const char *dot = std::strrchr(value.name, '.');
+    std::string words;
+    for (const char *letter = dot ? dot + 1 : value.name; *letter != '\0'; letter++) {
+        const auto next = static_cast<unsigned char>(letter[1]);
+        const bool isUpper = std::isupper(static_cast<unsigned char>(*letter));
+        const bool startsWord =
+            isUpper && !words.empty() &&
+            (!std::isupper(static_cast<unsigned char>(letter[-1])) || std::islower(next));
+        if (startsWord) words += ' ';
+        const bool isShort = isUpper && (std::isupper(next) || next == '\0');
+        words += isShort ? *letter
+                         : static_cast<char>(std::tolower(static_cast<unsigned char>(*letter)));
+    }
+    return words;
+}
+
+// What the number means by the row's list "1 = print at once, 2 = secure print", or the number.
+std::string WordsOfNumber(const ticketData *row, std::int32_t number) {
+    const std::string digits = std::to_string(number);
+    const std::string list = row ? std::string(", ") + row->values + "," : "";
+    const std::size_t place = list.find(", " + digits + " = ");
+    if (place == list.npos) return digits;
+    const std::size_t start = place + digits.size() + 5;
+    return list.substr(start, list.find(',', start) - start);
+}
+
+std::string Quoted(const void *text) {
+    return "\"" + std::string(static_cast<const char *>(text)) + "\"";
+}
+
+bool Is(const ComparationItem &item, CompareFunc function) {
+    return item.compareFunc == function;
+}
+
+bool IsInteger(const ComparationItem &item) {
+    return Is(item, IntCampareFunc) || Is(item, IntNoEqualCampareFunc);
+}
+
+std::int32_t IntegerOf(const CommandValue &value) {
+    return *static_cast<const std::int32_t *>(value.pointer);
+}
+
+// A condition that holds, as a clause.
+std::string Holding(const ComparationItem &item) {
+    const std::string subject = "the " + WordsOf(item.value);
+    if (IsInteger(item)) {
+        return subject + " is " + WordsOfNumber(RowOf(item.value), IntegerOf(item.value));
+    }
+    return subject + " is given";
+}
+
+// A condition that does not hold, as a clause.
+std::string Failing(const ComparationItem &item) {
+    const std::string subject = "the " + WordsOf(item.value);
+    const ticketData *row = RowOf(item.value);
+    if (IsInteger(item)) {
+        const std::int32_t number = IntegerOf(item.value);
+        const std::string is =
+            number == kAbsent ? " is not given" : " is " + WordsOfNumber(row, number);
+        if (Is(item, IntNoEqualCampareFunc)) return subject + is;
+        return subject + is + " and must be " + WordsOfNumber(row, IntegerOf(item.reference));
+    }
+    if (Is(item, StrNoNULLCampareFunc)) return subject + " is empty";
+    if (Is(item, StrIsNULLCampareFunc)) return subject + " is given";
+    const std::string reference = Quoted(*static_cast<const char *const *>(item.reference.pointer));
+    const std::string text = static_cast<const char *>(item.value.pointer);
+    const std::string is = text.empty() ? " is empty" : " is " + Quoted(item.value.pointer);
+    if (Is(item, StrEqualCampareFunc)) return subject + is + " and must be " + reference;
+    if (Is(item, StrContainCampareFunc)) return subject + is + " and must contain " + reference;
+    return subject + is + " and must not contain " + reference;
+}
+
+// Whether the ticket has the value that the condition asks of, so that its user meant something.
+bool IsAskedFor(const ComparationItem &item, const TicketOptions &ticket) {
+    const ticketData *row = RowOf(item.value);
+    return row && cupsGetOption(row->key, ticket.count, ticket.list);
+}
+
+// The name and, where it is fixed, the value of what the row writes: "HOLD=STORE", "JOAU".
+std::string CommandOf(const PrtFmtEntry &row) {
+    std::string line = row.prtfmtStr;
+    for (std::size_t place; (place = line.find("%c")) != line.npos;) line.replace(place, 2, "\"");
+    line = line.substr(0, line.find_first_of("\r\n"));
+    const PJLLine parsed = ParsePJL(line);
+    std::string value(parsed.value.substr(0, parsed.value.find('"')));
+    if (value.empty() || value.find('%') != value.npos) return std::string(parsed.name);
+    return std::string(parsed.name) + "=" + value;
+}
+
+std::set<std::string> NamesIn(const std::vector<Effect> &effects) {
+    std::set<std::string> names;
+    for (const Effect &effect : effects) names.emplace(ParsePJL(effect.line).name);
+    return names;
+}
+
+bool IsText(const char *format, std::size_t value) {
+    for (; value > 0; value--) format = GetNextCtrlSym(format) + 1;
+    return std::strncmp(GetNextCtrlSym(format), CtrlSym_String, 2) == 0;
+}
+
+// Whether the command would say that there is nothing, or has nothing to say: nobody misses it.
+bool SaysNothing(const PrtFmtEntry &row) {
+    for (std::uint32_t i = 0; i < row.comparationPara->num; i++) {
+        const ComparationItem &item = row.comparationPara->items[i];
+        if (Is(item, StrIsNULLCampareFunc) && item.compareFunc(item.value.pointer, nullptr) == 1) {
+            return true;
+        }
+    }
+    for (std::uint32_t i = 0; row.symPara && i < row.symPara->num; i++) {
+        const void *value = row.symPara->cmdParaList[i].pointer;
+        if (IsText(row.prtfmtStr, i) && StrIsNULLCampareFunc(value, nullptr) == 1) return true;
+    }
+    return false;
+}
+
+// Why the row was not written, or empty if that is not for one value's sake.
+std::string ReasonOf(const PrtFmtEntry &row, const TicketOptions &ticket) {
+    const ComparationTable &conditions = *row.comparationPara;
+    const ComparationItem *failing = nullptr;
+    std::string holding;
+    for (std::uint32_t i = 0; i < conditions.num; i++) {
+        const ComparationItem &item = conditions.items[i];
+        const bool holds = item.compareFunc(item.value.pointer, item.reference.pointer) == 1;
+        if (!holds && failing && failing->value.pointer != item.value.pointer) return "";
+        if (!holds && !failing) failing = &item;
+        if (holds && holding.empty() && IsAskedFor(item, ticket)) holding = Holding(item);
+    }
+    return failing && !holding.empty() ? holding + ", but " + Failing(*failing) : "";
+}
+
+}  // namespace
+
+std::vector<NearMiss> NearMisses(const TicketOptions &ticket, const std::vector<Effect> &effects) {
+    const std::set<std::string> written = NamesIn(effects);
+    std::vector<NearMiss> misses;
+    for (const CommandTable &table : CommandTables()) {
+        for (const PrtFmtEntry &row : table.rows) {
+            if (!row.comparationPara || SaysNothing(row)) continue;
+            const std::string command = CommandOf(row);
+            if (written.count(command.substr(0, command.find('='))) > 0) continue;
+            const std::string reason = ReasonOf(row, ticket);
+            if (!reason.empty()) misses.push_back({command, row.meaning, reason});
+        }
+    }
+    return misses;
+}
