@@ -77,8 +77,8 @@ int ExplainCommand(int argc, char *argv[]) {
         setenv("PPD", arguments.ppd, 1);
         if (!JobPPD()) return Complain(arguments.ppd, "no PPD that can be read");
     }
-    const Explanation explanation = Explain({arguments.user, arguments.title, arguments.copies,
-                                             arguments.options, SampleDocument(arguments.options)});
+    const Explanation explanation =
+        Explain({arguments.user, arguments.title, arguments.copies, arguments.options});
     const std::string shown = arguments.isJSON ? ExplanationAsJSON(explanation)
                                                : ExplanationAsText(explanation, StandardOutput());
     std::fputs(shown.c_str(), stdout);

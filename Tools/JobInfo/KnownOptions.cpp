@@ -44,6 +44,13 @@ void AddShortOptions(std::vector<KnownOption> &options) {
 void AddQueueOptions(std::vector<KnownOption> &options) {
     ppd_file_t *ppd = JobPPD();
     for (ppd_option_t *row = ppd ? ppdFirstOption(ppd) : nullptr; row; row = ppdNextOption(ppd)) {
+        const auto known = std::find_if(options.begin(), options.end(), [&](const auto &option) {
+            return SameName(option.name, row->keyword);
+        });
+        if (known != options.end()) {
+            known->choice = row->defchoice;  // a short option that the queue offers
+            continue;
+        }
         std::string values;
         for (int i = 0; i < row->num_choices; i++) {
             values += (i > 0 ? ", " : "") + std::string(row->choices[i].choice);
@@ -92,8 +99,14 @@ std::string NearestOption(const std::vector<KnownOption> &options, std::string_v
     std::size_t least = kMostSlip + 1;
     std::string nearest;
     for (const KnownOption &option : options) {
-        const std::size_t distance = SlipDistance(option.name, name);
-        if (distance >= least || distance >= name.size() / 2) continue;
+        // The dialog's keys have a beginning in common that is longer than what slips are sought
+        // in.
+        const std::string_view prefix = KV_TICKET;
+        const bool isKey = option.name.starts_with(prefix) && name.starts_with(prefix);
+        const std::size_t common = isKey ? prefix.size() : 0;
+        const std::string_view known = option.name;
+        const std::size_t distance = SlipDistance(known.substr(common), name.substr(common));
+        if (distance >= least || distance >= (name.size() - common) / 2) continue;
         least = distance;
         nearest = option.name;
     }

@@ -17,7 +17,7 @@ struct KnownOption {
     std::string values;   // what may be given, in words
     std::string meaning;  // may be empty
     std::string example;  // may be empty
-    std::string choice;   // of a queue's option: what is marked by default
+    std::string choice;   // that the queue's PPD marks by default, if it has the option
     bool isSecret;        // its value is a password
 };
 

@@ -9,6 +9,7 @@ struct Piece {
 };
 constexpr Piece pieces[] = {
     {"userdict/kvxInfo 2 dict dup begin", "watermark: its procedures"},
+    {"/kvxStamp currentdict def", "watermark: what stamps the pages"},
     {"kvxbp", "watermark: a page begins"},
     {"pgsave restore /pgsave save store gsave", "watermark: the stamp"},
     {"pm restore /pm save store gsave", "watermark: the stamp"},
@@ -17,9 +18,8 @@ constexpr Piece pieces[] = {
 
 // What a feature that no PPD describes calls, somewhere in its line.
 constexpr Piece procedures[] = {
-    {"/setsignatureimageshift ", "auto-fit: shift of the image"},
-    {"/setsignatureimageshift\n", "auto-fit: shift of the image"},
-    {"/setsignatureautoscale ", "auto-fit: scaling"},
+    {"/setsignatureimageshift", "auto-fit: shift of the image"},
+    {"/setsignatureautoscale", "auto-fit: scaling"},
     {"/setcoverseparator", "separator pages"},
 };
 

@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kNarrowest = 20;     // cells that folding needs
 constexpr std::size_t kIndent = 2;         // of rows
 constexpr std::size_t kGap = 2;            // between columns
-constexpr std::size_t kWidestColumn = 60;  // where lines have no limit
+constexpr std::size_t kWidestColumn = 44;  // where lines have no limit
 
 // The codes of Style.
 constexpr const char *kCodes[] = {"", "\x1b[1m", "\x1b[2m", "\x1b[31m", "\x1b[32m"};

@@ -1,0 +1,354 @@
+# SPDX-License-Identifier: Apache-2.0
+"""kvjobinfo as people call it."""
+
+import json
+import os
+import pathlib
+import pty
+import random
+import re
+import subprocess
+import tempfile
+import unittest
+
+import scheduler
+from printer_job import decode
+from scheduler import ppd, sample
+
+TOOL = os.environ["KVJOBINFO_BINARY"]
+FILTER = os.environ["KVFILTER_BINARY"]
+KEY = "com.korvell.tav.printsettings."
+HEADER = (b"\x1b%-12345X@PJL JOB MODE=PRINTER\r\n@PJL SET HOLD=STORE\n"
+          b'@PJL SET HOLDENCRYPTKEY="geheim"\r\n@PJL SET JOBATTR="@LUNA=Ren\xe9"\n'
+          b"@PJL ENTER LANGUAGE=POSTSCRIPT\n")
+TRAILER = b"\x1b%-12345X@PJL EOJ\n"
+REPORT = sample("report").read_bytes()
+JOB = HEADER + REPORT + b"\x04" + TRAILER
+
+
+def run(*arguments, **settings):
+    environment = {"PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8",
+                   **settings.pop("environment", {})}
+    return subprocess.run([TOOL, *arguments], capture_output=True, env=environment, timeout=120,
+                          **settings)
+
+
+def run_filter(model, options, document, user="alice", title="Report"):
+    environment = {**os.environ, "PPD": str(ppd(model))}
+    return subprocess.run([FILTER, "1", user, title, "1", options], input=document, env=environment,
+                          capture_output=True, timeout=60).stdout
+
+
+class ShowTest(unittest.TestCase):
+    def test_text(self):
+        done = run("show", input=JOB)
+        self.assertEqual((done.returncode, done.stderr), (0, b""))
+        self.assertEqual(done.stdout.decode(), f"""\
+standard input: a job of 2,087 bytes, in order
+job
+  @PJL JOB MODE=PRINTER               the job begins
+print type
+  @PJL SET HOLD=STORE                 the printer keeps the job: until its owner releases it
+  @PJL SET HOLDENCRYPTKEY="********"  password that releases the job
+accounting
+  @PJL SET JOBATTR="@LUNA=René"       name of the user
+switch to PostScript
+  @PJL ENTER LANGUAGE=POSTSCRIPT      the printer switches to PostScript
+document: 1,898 bytes from byte 171
+  title    Quarterly Report
+  made by  kvfilter samples
+  pages    4
+  end      closed by Ctrl-D
+trailer: from byte 2069
+""".replace("2,087", f"{len(JOB):,}").replace("1,898", f"{len(REPORT) + 1:,}")
+                         .replace("171", str(len(HEADER))).replace("2069", str(len(JOB) - len(TRAILER))))
+
+    def test_json(self):
+        shown = json.loads(run("show", "--json", input=JOB).stdout)
+        self.assertEqual([line["name"] for line in shown["header"]],
+                         ["JOB", "HOLD", "HOLDENCRYPTKEY", "LUNA", "ENTER"])
+        self.assertEqual([line["end"] for line in shown["header"]],
+                         ["CRLF", "LF", "CRLF", "LF", "LF"])
+        self.assertEqual(shown["header"][3]["value"], "René")
+        self.assertEqual((shown["problems"], shown["document"]["pages"]), ([], 4))
+        self.assertEqual(shown["trailer"]["offset"], len(JOB) - len(TRAILER))
+
+    def test_secrets_are_masked_unless_asked_for(self):
+        for arguments in (["show"], ["show", "--json"]):
+            self.assertNotIn(b"geheim", run(*arguments, input=JOB).stdout)
+            self.assertIn(b"geheim", run(*arguments, "--show-secrets", input=JOB).stdout)
+
+    def test_statuses(self):
+        cases = ((JOB, 0), (JOB[:-5], 1), (JOB + b"x", 1), (JOB + JOB, 1), (b"", 2),
+                 (b"%PDF-1.7\n", 2), (b"\x1bE", 2), (REPORT, 2), (os.urandom(5000), 2))
+        for data, status in cases:
+            done = run("show", input=data)
+            self.assertEqual(done.returncode, status, data[:20])
+            self.assertEqual(done.stdout == b"", status == 2)
+            self.assertEqual(done.stderr != b"", status == 2)
+
+    def test_wrong_calls(self):
+        for arguments in ([], ["shew"], ["show", "--yaml"], ["show", "a", "b"], ["page"],
+                          ["page", "0", "-o", "x"], ["page", "1"], ["explain", "a", "b"],
+                          ["explain", "--ppd", "/nowhere", ""], ["options", "x"],
+                          ["show", "/nowhere/job"], ["show", "/tmp"]):
+            done = run(*arguments, stdin=subprocess.DEVNULL)
+            self.assertEqual((done.returncode, done.stdout), (2, b""), arguments)
+            self.assertNotEqual(done.stderr, b"", arguments)
+        self.assertEqual(run("--help").returncode, 0)
+        self.assertRegex(run("--version").stdout, rb"^kvjobinfo \d+\.\d+\.\d+\n$")
+
+    def test_lines_are_no_wider_than_asked_for(self):
+        for width in (20, 40, 80, 120):
+            shown = run("show", input=JOB, environment={"COLUMNS": str(width)}).stdout.decode()
+            self.assertLessEqual(max(map(len, shown.splitlines())), width)
+
+    def test_other_encodings_get_ascii(self):
+        done = run("show", input=JOB, environment={"LC_ALL": "C"})
+        self.assertIn(b"@LUNA=Ren<E9>", done.stdout)
+        self.assertTrue(done.stdout.isascii())
+
+    def on_terminal(self, **environment):
+        """What the tool writes to a terminal."""
+        leader, follower = pty.openpty()
+        with tempfile.NamedTemporaryFile() as job:
+            job.write(JOB[:-4])
+            job.flush()
+            subprocess.run([TOOL, "show", job.name], stdout=follower, check=False, env={
+                "TERM": "xterm", "COLUMNS": "80", "LC_ALL": "C.UTF-8", **environment})
+        os.close(follower)
+        shown = b""
+        try:
+            while piece := os.read(leader, 65536):
+                shown += piece
+        except OSError:
+            pass
+        os.close(leader)
+        return shown
+
+    def test_colour_is_for_terminals(self):
+        self.assertIn(b"\x1b[1m", self.on_terminal())
+        self.assertIn(b"\x1b[31m", self.on_terminal())
+        self.assertNotIn(b"\x1b", self.on_terminal(NO_COLOR="1"))
+        self.assertNotIn(b"\x1b", self.on_terminal(TERM="dumb"))
+        self.assertNotIn(b"\x1b", run("show", input=JOB, environment={"TERM": "xterm"}).stdout)
+
+    def test_long_jobs_pass_through(self):
+        with tempfile.NamedTemporaryFile() as job:
+            job.write(HEADER + b"%!PS\n")
+            for _ in range(64):
+                job.write(b"0 0 moveto (line) show\n" * 45000)
+            job.write(b"\x04" + TRAILER)
+            job.flush()
+            peak = ["sh", "-c", 'ulimit -v 60000; exec "$0" show "$1"', TOOL, job.name]
+            if "asan" in TOOL:
+                peak = [TOOL, "show", job.name]
+            done = subprocess.run(peak, capture_output=True)
+        self.assertEqual((done.returncode, done.stderr), (0, b""))
+        self.assertIn(b"66,240,006 bytes", done.stdout)
+
+
+class SecondPairOfEyesTest(unittest.TestCase):
+    """The tests' own decoder and the tool see the same."""
+
+    def test_both_decoders_agree(self):
+        options = f"{KEY}KPIFCoverCountTicket=1 {KEY}KPIFCoverValueTicket_0=1,0,both,Thick"
+        for model in ("kv1010p", "kv2110c", "kv1150p", "kv2024c", "kv4024x"):
+            job = run_filter(model, options + " KVSignature=LeftSigFold", REPORT)
+            decoded = decode(job)
+            shown = json.loads(run("show", "--json", input=job).stdout)
+            self.assertEqual(shown["problems"], [])
+            self.assertEqual(shown["specialPages"]["size"], len(decoded.special_pages))
+            self.assertEqual([line["offset"] for line in shown["header"]],
+                             [len(decoded.special_pages) + sum(map(len, decoded.header[:i]))
+                              for i in range(len(decoded.header))])
+            self.assertEqual(shown["document"]["offset"], decoded.document_offset)
+            self.assertEqual(shown["document"]["size"], len(decoded.document))
+            self.assertEqual(shown["document"]["pageEnds"], decoded.pages)
+
+
+class PageTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory()
+        self.addCleanup(self.folder.cleanup)
+        self.picture = pathlib.Path(self.folder.name) / "100%d page.png"
+
+    def render(self, data, page):
+        return run("page", str(page), "-o", self.picture, input=data)
+
+    def test_pages(self):
+        pictures = []
+        for number in (1, 2, 3, 4):
+            done = self.render(JOB, number)
+            self.assertEqual((done.returncode, done.stdout, done.stderr), (0, b"", b""))
+            pictures.append(self.picture.read_bytes())
+        self.assertEqual(len(set(pictures)), 4)
+        self.assertTrue(all(picture[:8] == b"\x89PNG\r\n\x1a\n" for picture in pictures))
+        self.assertEqual([path.name for path in self.picture.parent.iterdir()], ["100%d page.png"])
+
+    def test_size_of_a_page(self):
+        document = b"%!\n<</PageSize[400 300]>>setpagedevice showpage\n\x04"
+        self.assertEqual(self.render(HEADER + document + TRAILER, 1).returncode, 0)
+        size = self.picture.read_bytes()[16:24]
+        self.assertEqual((int.from_bytes(size[:4], "big"), int.from_bytes(size[4:], "big")),
+                         (400, 300))
+
+    def test_what_it_cannot_show(self):
+        for data, page, reason in ((JOB, 5, b"no page 5"),
+                                   (HEADER + b"%!\nshowpage nosuch\n\x04" + TRAILER, 1, b"does not run"),
+                                   (REPORT, 1, b"no job"), (b"", 1, b"empty")):
+            with self.subTest(reason=reason):
+                done = self.render(data, page)
+                self.assertEqual((done.returncode, done.stdout), (2, b""))
+                self.assertIn(reason, done.stderr)
+                self.assertEqual(list(self.picture.parent.iterdir()), [])
+
+
+class ExplainTest(unittest.TestCase):
+    def explain(self, model, options, *more):
+        done = run("explain", "--json", "--ppd", ppd(model), "--user", "alice", "--title", "Report",
+                   *more, options)
+        self.assertEqual(done.stderr, b"")
+        return json.loads(done.stdout)
+
+    def option(self, explanation, name):
+        return next(option for option in explanation["options"] if option["name"] == name)
+
+    def lines(self, effects):
+        return [effect["line"] for effect in effects]
+
+    def test_secure_print_without_an_owner(self):
+        explained = self.explain("kv1010p", f"{KEY}PrintTypeTicketKey=2")
+        self.assertEqual(explained["notWritten"][0], {
+            "command": "HOLD=STORE", "meaning": "a secure job is held",
+            "reason": "the print type is secure print, but the user name is empty"})
+        self.assertEqual(self.option(explained, KEY + "PrintTypeTicketKey")["writes"], [])
+
+    def test_what_an_option_causes(self):
+        explained = self.explain("kv2024c", "KVStaple=LeftDouble KVPassword=4711")
+        staple = self.option(explained, "KVStaple")
+        self.assertEqual(self.lines(staple["writes"]), ["@PJL COMMENT KVJOBINFO STAPLE=ON"])
+        self.assertEqual(self.lines(staple["insteadOf"]), ["@PJL COMMENT KVJOBINFO STAPLE=OFF"])
+        password = self.option(explained, "KVPassword")
+        self.assertEqual(self.lines(password["writes"]), [
+            "@PJL SET HOLD=STORE", "@PJL SET HOLDTYPE=PRIVATE", '@PJL SET USERNAME="alice"',
+            '@PJL SET HOLDENCRYPTKEY="********"', '@PJL SET JOBNAME="Report"'])
+        self.assertEqual((staple["source"], password["source"]), ("job", "short option"))
+        self.assertNotIn("4711", json.dumps(explained))
+
+    def test_queue_defaults(self):
+        explained = self.explain("kv2024c", "")
+        staple = self.option(explained, "KVStaple")
+        self.assertEqual((staple["source"], staple["given"]), ("queue default", "None"))
+        self.assertEqual(self.lines(staple["writes"]), ["@PJL COMMENT KVJOBINFO STAPLE=OFF"])
+
+    def test_slips(self):
+        explained = self.explain("kv2024c", "KVStapel=LeftDouble Colour=Red")
+        slip = self.option(explained, "KVStapel")
+        self.assertEqual((slip["known"], slip["nearest"]), (False, "KVStaple"))
+        self.assertNotIn("nearest", self.option(explained, "Colour"))
+        secret = self.explain("kv1010p", f"{KEY}PrintTypePaswordTicketKey=4711")
+        self.assertNotIn("4711", json.dumps(secret))
+
+    def test_short_options_need_plain_cups(self):
+        meaning = self.option(self.explain("kv1010p", "KVTrim=5"), "KVTrim")["meaning"]
+        self.assertIn('*KVFrontEnd: "CUPS"', meaning)
+
+    def test_values_that_are_cut_and_dropped(self):
+        account = (f"{KEY}JBAManageTypeListTicketKey=2 {KEY}JBAUserSettingRadioBtnTicket=1 "
+                   f"{KEY}JBAAccountIDTextEditTicket=")
+        for text, value, note in (("Grüße", "Grüße", None),
+                                  ("日本x", "x", "dropped: 2 letters that the printer lacks"),
+                                  ("9" * 40, "9" * 32, "cut to 32 bytes"),
+                                  ("日本", "", "dropped: nothing of it is in the printer's letters")):
+            explained = self.explain("kv1010p", account + text)
+            key = self.option(explained, KEY + "JBAAccountIDTextEditTicket")["keys"][0]
+            self.assertEqual((key["value"], key.get("note")), (value, note))
+            self.assertIn(f'@PJL SET JOBATTR="@DAID={value}"', self.lines(explained["tells"]))
+
+    def test_refused_job(self):
+        explained = self.explain("kv2024c", "KVPrintMode=Secure KVStaple=LeftDouble")
+        self.assertTrue(explained["refused"])
+        self.assertEqual((explained["tells"], self.option(explained, "KVStaple")["writes"]), ([], []))
+        self.assertRegex(explained["messages"][0], "^ERROR: .*KVPassword")
+
+    def test_round_trip(self):
+        """What explain predicts is what show reads from the filter's output, line for line."""
+        chance = random.Random(7)
+        for model, pool in (("kv1010p", DIALOG), ("kv2110c", DIALOG), ("kv1150p", DIALOG),
+                            ("kv1024p", DIALOG + SHORT), ("kv2024c", DIALOG + SHORT),
+                            ("kv4024x", DIALOG + SHORT)):
+            for _ in range(4):
+                options = " ".join(chance.sample(pool, chance.randint(1, 12)))
+                with self.subTest(model=model, options=options):
+                    self.check_round_trip(model, options)
+
+    def check_round_trip(self, model, options):
+        environment = {**os.environ, "PPD": str(ppd(model))}
+        pstops = scheduler.server_bin() / "filter/pstops"
+        document = subprocess.run([pstops, "1", "alice", "Report", "1", options], env=environment,
+                                  input=REPORT, capture_output=True).stdout
+        job = run_filter(model, options, document)
+        told = self.lines(self.explain(model, options)["tells"])
+        if not job:
+            self.assertEqual(told, [])
+            return
+        shown = json.loads(run("show", "--json", input=job).stdout)
+        lines = [page["what"] for page in shown.get("specialPages", {}).get("pages", [])]
+        lines += [line["line"].replace("<ESC>%-12345X", "") for line in shown["header"]]
+        self.assertEqual([line for line in told if line != "PostScript"], lines)
+        own = {code["meaning"] for code in shown["document"]["ownPostScript"]}
+        self.assertEqual("PostScript" in told, bool(own))
+
+
+DIALOG = [
+    "sides=two-sided-long-edge", "number-up=2", "number-up=4", "collate=true", "nocollate",
+    "KVStaple=LeftDouble", "KVStaple=Nonsense", "KVPunch=Left", "KVNumPunchHoles=2Holes",
+    "KVSignature=LeftSigFold", "KVSigVol=5Sheets", "KVColorMode=Color", "KVColorMode=Black",
+    "KVLineWeightAdjustment=Weakly2", "orientation-requested=4", "DuplexBindingEdge..n.=2",
+    "KVPBindPosition=BindLeft", "KVPBindTrimming=3EdgeCut", "KVPBindPageSize=A4",
+    f"{KEY}PrintTypeTicketKey=2", f"{KEY}PrintTypeTicketKey=5", f"{KEY}PrintTypeUserNameTicketKey=bob",
+    f"{KEY}PrintTypePasswordTicketKey=1234", f"{KEY}PrintTypeMBNTicketKey=12",
+    f"{KEY}TrimmerSwitchTicket=1", f"{KEY}TrimmerMMCuttingSizeTicket=7",
+    f"{KEY}OffsetStackingListTicket=4", f"{KEY}EjectOptionsListTicket=3",
+    f"{KEY}JBAManageTypeListTicketKey=2", f"{KEY}JBAUserSettingRadioBtnTicket=1",
+    f"{KEY}JBAAccountIDTextEditTicket=Verkauf", f"{KEY}SeparatorPageListTicket=2",
+    f"{KEY}SeparatorPageTicket=3", f"{KEY}KPIFCoverCountTicket=1",
+    f"{KEY}KPIFCoverValueTicket_0=1,0,both,Thick", "Foo=Bar", "KVStapel=Left",
+]
+SHORT = ["KVPassword=4711", "KVPrintMode=Sample", "KVPrintMode=Mailbox", "KVMailbox=12", "KVTrim=5",
+         "KVAccountUser=Login", "KVAccountID=4711", "KVOffsetStacking=Pages:10", "KVDelivery=FaceUp",
+         "KVSeparator=3", "KVWatermark=Draft", "KVFrontCover=Plain", "print-color-mode=monochrome",
+         "KVTonerSaver=Mode2"]
+
+
+class OptionsTest(unittest.TestCase):
+    def test_all_rows_are_listed(self):
+        options = json.loads(run("options", "--json").stdout)
+        names = {option["name"] for option in options}
+        self.assertLessEqual({"KVWatermark", "KVPrintMode", "number-up", KEY + "PrintTypeTicketKey",
+                              KEY + "KPIFCoverValueTicket_"}, names)
+        source = pathlib.Path(__file__).resolve().parents[2]
+        for row_file in source.glob("Modules/*/*Ticket*.def"):
+            for key in re.findall(r'KV_TICKET\s+"(\w+)"', row_file.read_text()):
+                self.assertIn(KEY + key, names)
+        self.assertEqual([option["name"] for option in options if option["secret"]
+                          and option["name"].startswith("KV")],
+                         ["KVPassword", "KVAccountPassword", "KVStoragePassword"])
+
+    def test_options_of_a_queue(self):
+        options = json.loads(run("options", "--json", "--ppd", ppd("kv2024c")).stdout)
+        staple = next(option for option in options if option["name"] == "KVStaple")
+        self.assertIn("LeftDouble", staple["values"])
+        self.assertEqual(staple["default"], "None")
+        plain = json.loads(run("options", "--json", "--ppd", ppd("kv1010p")).stdout)
+        self.assertNotIn("KVWatermark", {option["name"] for option in plain})
+
+    def test_text(self):
+        shown = run("options", environment={"COLUMNS": "80"}).stdout.decode()
+        self.assertIn("\n  KVStaple", shown)
+        self.assertLessEqual(max(map(len, shown.splitlines())), 80)
+
+
+if __name__ == "__main__":
+    unittest.main()
