@@ -5,6 +5,7 @@ import html
 import os
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -82,7 +83,8 @@ class DemoTest(unittest.TestCase):
         looked_at = self.folder / "looked-at.html"
         looked_at.write_text(self.page.replace("</title>", "</title>" + LOOK), encoding="utf-8")
         with tempfile.TemporaryDirectory() as profile:
-            done = subprocess.run(["chromium", "--headless", "--no-sandbox", "--disable-gpu",
+            browser = shutil.which("chromium") or "google-chrome"
+            done = subprocess.run([browser, "--headless", "--no-sandbox", "--disable-gpu",
                                    f"--user-data-dir={profile}", "--window-size=1280,900",
                                    "--dump-dom", looked_at.as_uri()],
                                   env={**os.environ, "HOME": profile}, text=True, timeout=120,
