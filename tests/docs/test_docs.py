@@ -15,11 +15,17 @@ DOCS = SOURCE_DIR / "docs"
 
 
 def printed_by(computer, output):
-    """Output of show-job as it would be on another computer: its name and what its length moves."""
+    """Output of kvjobinfo as it would be on another computer: its name and what its length moves."""
     name = socket.gethostname()
-    output, count = re.subn(f'"@CNAM={re.escape(name)}"', f'"@CNAM={computer}"', output)
+
+    def named(line):
+        return f'"@CNAM={computer}"' + " " * (len(line[1]) + len(name) - len(computer))
+
+    output, count = re.subn(f'"@CNAM={re.escape(name)}"( *)', named, output)
     shift = count * (len(computer) - len(name))
-    return re.sub(r"(?<=from byte )\d+", lambda place: str(int(place[0]) + shift), output)
+    output = re.sub(r"(?<=from byte )\d+", lambda place: str(int(place[0]) + shift), output)
+    return re.sub(r"(?<=a job of )[\d,]+",
+                  lambda size: f"{int(size[0].replace(',', '')) + shift:,}", output)
 
 
 class DocsTest(unittest.TestCase):
@@ -47,7 +53,8 @@ class DocsTest(unittest.TestCase):
             pathlib.Path(folder, "build/release").symlink_to(os.environ["KVFILTER_BUILD_DIR"])
             commands = "".join(f"cat <<'SHOWN'\n$ {line}\nSHOWN\n{line}\n"
                                for line in re.findall(r"^\$ (.*)$", session, re.MULTILINE))
-            done = subprocess.run(["sh"], input=commands, cwd=folder, text=True,
+            environment = {**os.environ, "LC_ALL": "C.UTF-8", "COLUMNS": ""}
+            done = subprocess.run(["sh"], input=commands, cwd=folder, text=True, env=environment,
                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
         return printed_by("desk", done.stdout)
 

@@ -57,7 +57,8 @@ class InstallTest(unittest.TestCase):
         pages = {f"/usr/share/doc/kvfilter/{page}.md" for page in
                  ("job-format", "options", "ppd", "security", "troubleshooting")}
         self.assertEqual(self.installed(), parts | pages | {
-            filter_path(), f"{data_folder()}/drv/korvell.drv",
+            filter_path(), "/usr/bin/kvjobinfo", "/usr/share/man/man1/kvjobinfo.1",
+            "/usr/share/bash-completion/completions/kvjobinfo", f"{data_folder()}/drv/korvell.drv",
             "/usr/share/man/man8/kvfilter.8",
             "/usr/share/metainfo/org.kvfilter.driver.metainfo.xml"})
 

@@ -1,14 +1,9 @@
 # SPDX-License-Identifier: Apache-2.0
-"""scripts/show-job and the decoder behind it."""
+"""The tests' own decoder of jobs."""
 
-import pathlib
-import subprocess
-import tempfile
 import unittest
 
 from printer_job import decode, visible
-
-SHOW_JOB = pathlib.Path(__file__).resolve().parents[2] / "scripts/show-job"
 
 SPECIAL_PAGES = b'<?xml version="1.0"?>\n<kpif/>\n'
 HEADER = (
@@ -54,48 +49,6 @@ class DecodeTest(unittest.TestCase):
     def test_line_ends_and_other_bytes_are_visible(self):
         self.assertEqual(visible(HEADER[0]), "<ESC>%-12345X@PJL JOB MODE=PRINTER<CR><LF>")
         self.assertEqual(visible(b"Ren\xe9\x00\x7f~"), "Ren<E9><00><7F>~")
-
-
-class ShowJobTest(unittest.TestCase):
-    def show(self, data, *options):
-        with tempfile.NamedTemporaryFile() as job:
-            job.write(data)
-            job.flush()
-            return subprocess.run([SHOW_JOB, *options, job.name], capture_output=True)
-
-    def test_whole_job(self):
-        done = self.show(JOB)
-        self.assertEqual((done.returncode, done.stderr), (0, b""))
-        self.assertEqual(done.stdout.decode(), """\
-special pages: 30 bytes of XML
-    <?xml version="1.0"?>
-    <kpif/>
-header: 2 lines
-    <ESC>%-12345X@PJL JOB MODE=PRINTER<CR><LF>
-    @PJL SET JOBATTR="@LUNA=Ren<E9>"<LF>
-job information: 3 lines
-    @PJL COMMENT KVJOBINFO VERSION=1.3.0<LF>
-    @PJL COMMENT KVJOBINFO BEGIN<LF>
-    @PJL COMMENT KVJOBINFO END<LF>
-header: 1 line
-    @PJL ENTER LANGUAGE=POSTSCRIPT<LF>
-document: from byte 216, 36 bytes, 3 pages, closed by Ctrl-D
-    %!PS<LF>
-trailer: 18 bytes
-    <ESC>%-12345X@PJL EOJ<LF>
-""")
-
-    def test_cancelled_job(self):
-        done = self.show(b"".join(HEADER) + b"%!PS\n" + TRAILER)
-        self.assertIn(b"5 bytes, 0 pages, without Ctrl-D at its end\n", done.stdout)
-
-    def test_document_alone(self):
-        self.assertEqual(self.show(JOB, "--document").stdout, DOCUMENT)
-
-    def test_other_data(self):
-        done = self.show(b"%!PS\n")
-        self.assertEqual((done.returncode, done.stdout), (1, b""))
-        self.assertRegex(done.stderr, rb"^show-job: /.*: no universal exit language")
 
 
 if __name__ == "__main__":
