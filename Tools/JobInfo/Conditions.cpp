@@ -57,14 +57,10 @@ std::string WordsOf(const CommandValue &value) {
     return words;
 }
 
-// What the number means by the row's list "1 = print at once, 2 = secure print", or the number.
 std::string WordsOfNumber(const ticketData *row, std::int32_t number) {
     const std::string digits = std::to_string(number);
-    const std::string list = row ? std::string(", ") + row->values + "," : "";
-    const std::size_t place = list.find(", " + digits + " = ");
-    if (place == list.npos) return digits;
-    const std::size_t start = place + digits.size() + 5;
-    return list.substr(start, list.find(',', start) - start);
+    const std::string words = row ? WordsOfChoice(row->values, digits) : "";
+    return words.empty() ? digits : words;
 }
 
 std::string Quoted(const void *text) {
@@ -172,6 +168,15 @@ std::string ReasonOf(const PrtFmtEntry &row, const TicketOptions &ticket) {
 }
 
 }  // namespace
+
+std::string WordsOfChoice(std::string_view values, std::string_view value) {
+    const std::string list = ", " + std::string(values) + ",";
+    const std::string choice = ", " + std::string(value) + " = ";
+    const std::size_t place = list.find(choice);
+    if (place == list.npos) return "";
+    const std::size_t start = place + choice.size();
+    return list.substr(start, list.find(',', start) - start);
+}
 
 std::vector<NearMiss> NearMisses(const TicketOptions &ticket, const std::vector<Effect> &effects) {
     const std::set<std::string> written = NamesIn(effects);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
@@ -15,6 +16,10 @@ struct NearMiss {
     std::string meaning;  // of the command
     std::string reason;   // "the print type is secure print, but the user name is empty"
 };
+
+// What `value` means by a row's list of values: "secure print" for "2" in "1 = print at once, 2 =
+// secure print". Empty if the list does not say.
+std::string WordsOfChoice(std::string_view values, std::string_view value);
 
 // The commands of the modules' tables whose conditions all hold but for those on one value, where
 // something that the ticket says asks for the command and `effects` has no other of its name. The

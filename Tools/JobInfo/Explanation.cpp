@@ -90,7 +90,8 @@ void AddKeys(ExplainedOption &option, const CompletedTicket &ticket,
                     entry.discretion == Discretion::Password || IsSecretOption(known, entry.key);
                 if (isSecret && !value.text.empty()) value.text = kMask;
                 if (isReplaced) value.note = "the queue's default instead";
-                option.keys.push_back({entry.key, value.text, value.note, row.meaning});
+                option.keys.push_back({entry.key, value.text, WordsOfChoice(row.values, value.text),
+                                       value.note, row.meaning});
             }
         }
     }

@@ -15,6 +15,7 @@
 struct ExplainedKey {
     std::string key;
     std::string value;    // as the printer gets it, in bytes; masked if it is secret
+    std::string words;    // what the value means, empty where it says that itself
     std::string note;     // what was cut or dropped, may be empty
     std::string meaning;  // of the key
 };

@@ -23,6 +23,7 @@ JSON KeysAsJSON(const std::vector<ExplainedKey> &keys) {
     for (const ExplainedKey &key : keys) {
         list.push_back(
             {{"key", Visible(key.key)}, {"value", Visible(key.value)}, {"meaning", key.meaning}});
+        if (!key.words.empty()) list.back()["words"] = key.words;
         if (!key.note.empty()) list.back()["note"] = key.note;
     }
     return list;

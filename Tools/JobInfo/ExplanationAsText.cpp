@@ -24,6 +24,11 @@ std::string RemarkOn(const ExplainedOption &option) {
     return remark + ", none of the filter's";
 }
 
+std::string ShownValue(const ExplainedKey &key) {
+    if (key.value.empty()) return "nothing";
+    return Visible(key.value) + (key.words.empty() ? "" : " (" + key.words + ")");
+}
+
 void AddKeys(std::vector<Row> &rows, const ExplainedOption &option) {
     const bool isShort = option.keys.size() <= kMostKeys;
     for (const ExplainedKey &key : option.keys) {
@@ -32,22 +37,22 @@ void AddKeys(std::vector<Row> &rows, const ExplainedOption &option) {
             !key.note.empty() || (isShort && (!isItself || key.value != option.given));
         if (!saysMore) continue;
         const std::string what = isItself ? "" : key.meaning + ": ";
-        rows.push_back(
-            {"printer gets", what + (key.value.empty() ? "nothing" : Visible(key.value))});
+        rows.push_back({"printer gets", what + ShownValue(key)});
         if (!key.note.empty()) rows.push_back({"", key.note});
     }
 }
 
 void PutOption(Printout &printout, const Explanation &explanation, const ExplainedOption &option) {
+    const bool isJobs = option.source != "queue default";
     const bool changes =
-        !option.writes.empty() || !option.insteadOf.empty() || option.changesDocument;
+        !option.writes.empty() || !option.insteadOf.empty() || (isJobs && option.changesDocument);
     std::vector<Row> rows;
     for (const std::string &notice : option.notices) rows.push_back({"note", notice, Style::kBad});
     AddKeys(rows, option);
     AddEffects(rows, "writes", option.writes);
     AddEffects(rows, "instead of", option.insteadOf);
     const bool isJobs = option.source != "queue default";
-    if (option.changesDocument)
+    if (option.changesDocument && isJobs)
         rows.push_back({"document", "CUPS puts the PPD's code for it there"});
     // A default that changes nothing is no news.
     if (!isJobs && !changes && option.notices.empty()) return;
