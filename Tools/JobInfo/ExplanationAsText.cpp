@@ -51,9 +51,9 @@ void PutOption(Printout &printout, const Explanation &explanation, const Explain
     AddKeys(rows, option);
     AddEffects(rows, "writes", option.writes);
     AddEffects(rows, "instead of", option.insteadOf);
-    const bool isJobs = option.source != "queue default";
-    if (option.changesDocument && isJobs)
+    if (isJobs && option.changesDocument) {
         rows.push_back({"document", "CUPS puts the PPD's code for it there"});
+    }
     // A default that changes nothing is no news.
     if (!isJobs && !changes && option.notices.empty()) return;
     if (isJobs && !changes && !explanation.isRefused) rows.push_back({"changes", "nothing"});
