@@ -54,10 +54,14 @@ const int registered = [] {
                                          (*s)->findSpecialLine, kind);
             benchmark::RegisterBenchmark(("findSpecialOrSettingsLine" + what).c_str(), Search, *s,
                                          (*s)->findSpecialOrSettingsLine, kind);
+            benchmark::RegisterBenchmark(("findCommentLine" + what).c_str(), Search, *s,
+                                         (*s)->findCommentLine, kind);
             benchmark::RegisterBenchmark(("readPlain" + what).c_str(), Read, *s,
                                          DocumentReader::kPlain, kind);
             benchmark::RegisterBenchmark(("readFeatures" + what).c_str(), Read, *s,
                                          DocumentReader::kFeatures, kind);
+            benchmark::RegisterBenchmark(("readComments" + what).c_str(), Read, *s,
+                                         DocumentReader::kComments, kind);
         }
     }
     return 0;

@@ -89,9 +89,9 @@ const LineSearch *Searches() {
         hwy::TargetName(HWY_TARGET),
         Find<LineEnd>,
         Find<SpecialLineEnd>,
-        Find<SpecialLineEnd, FeatureOrSettingsSign>,
-        Find<SpecialLineEnd, CommentOrLanguageEnd>,
-        Find<SpecialLineEnd, FeatureOrSettingsSign, CommentOrLanguageEnd>,
+        Find<SpecialLineEnd, FeatureSign, SettingsSign>,
+        Find<OtherSpecialLineEnd, CommentSign>,
+        Find<OtherSpecialLineEnd, CommentSign, SettingsSign>,
     };
     return &searches;
 }

@@ -22,10 +22,11 @@ struct LineSearch {
     // The same, or the last byte of "%%B", "SCR" or "CPR": the line there may hold PPD feature code
     // or printer settings.
     Search findSpecialOrSettingsLine;
-    // For documents of any maker: what the two above find and, besides, the last byte of a line end
-    // with "%%" after it, where a structuring comment begins, or of ESC and "%", where the sequence
-    // that ends a printer language may begin.
+    // For documents of any maker: the last byte of "%%", which stands in comments, or of "%-",
+    // which stands in the sequence that ends a printer language; or the next line end after two
+    // bytes that a special line may end in, unless that is a comment.
     Search findCommentLine;
+    // The same, or the last byte of "SCR" or "CPR".
     Search findCommentOrSettingsLine;
 };
 

@@ -3,6 +3,8 @@
 // What the vectorised searches look for. A further search is a row here and a row in LineSearch.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <string_view>
 #include <utility>
@@ -31,15 +33,36 @@ struct Patterns {};
 template <Pattern... patterns>
 struct LineEndAfter {};
 
-template <std::size_t... i>
-LineEndAfter<Pattern(specialLines[i].text.substr(specialLines[i].text.size() - 2))...>
-    LineEndAfterLastTwoBytes(std::index_sequence<i...>);
+constexpr bool IsComment(const SpecialLine &line) {
+    return line.text.starts_with("%%");
+}
+
+// The last two bytes of the special lines, or of those that are no comments.
+template <bool comments>
+constexpr auto LastTwoBytes() {
+    constexpr auto isWanted = [](const SpecialLine &line) { return comments || !IsComment(line); };
+    std::array<std::string_view, std::ranges::count_if(specialLines, isWanted)> ends;
+    auto end = ends.begin();
+    for (const SpecialLine &line : specialLines) {
+        if (isWanted(line)) *end++ = line.text.substr(line.text.size() - 2);
+    }
+    return ends;
+}
+
+template <bool comments, std::size_t... i>
+LineEndAfter<Pattern(LastTwoBytes<comments>()[i])...> AfterLastTwoBytes(std::index_sequence<i...>);
+
+template <bool comments>
+using SpecialLineEndOf = decltype(AfterLastTwoBytes<comments>(
+    std::make_index_sequence<LastTwoBytes<comments>().size()>()));
 
 using LineEnd = Patterns<"\n">;
-using SpecialLineEnd =
-    decltype(LineEndAfterLastTwoBytes(std::make_index_sequence<std::size(specialLines)>()));
-// In the first line of PPD feature code, in names of the printer's screen and colour-rendering
-// settings.
-using FeatureOrSettingsSign = Patterns<"%%B", "SCR", "CPR">;
-// Where a structuring comment begins; what may be the end of a printer language (UEL).
-using CommentOrLanguageEnd = Patterns<"\n%%", "\x1b%">;
+using SpecialLineEnd = SpecialLineEndOf<true>;
+// In names of the printer's screen and colour-rendering settings.
+using SettingsSign = Patterns<"SCR", "CPR">;
+// In the first line of PPD feature code.
+using FeatureSign = Patterns<"%%B">;
+// In comments, special lines and feature code among them, and in the end of a printer language
+// (ESC "%-12345X").
+using CommentSign = Patterns<"%%", "%-">;
+using OtherSpecialLineEnd = SpecialLineEndOf<false>;

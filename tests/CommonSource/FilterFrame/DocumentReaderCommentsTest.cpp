@@ -39,7 +39,8 @@ Kind KindOf(const std::string &line, bool isWhole) {
     // The search sees the sequence wherever it stands.
     if (line.find("\x1b%-12345X") != line.npos) return Kind::kUniversalExit;
     for (const SpecialLine &special : specialLines) {
-        if (special.text == line) return Kind::kSpecial;
+        const bool isComment = special.text.starts_with("%%");
+        if (special.text == line && (isWhole || !isComment)) return Kind::kSpecial;
     }
     return Kind::kRun;
 }
@@ -134,7 +135,7 @@ TEST_P(DocumentReaderCommentsTest, ReadsHostileDocumentsAsTheDescriptionDoes) {
 TEST_P(DocumentReaderCommentsTest, CutsLinesAtTheFullLineBuffer) {
     for (const std::size_t length : {8063U, 8064U, 8065U, 8066U, 16130U, 300000U}) {
         for (const std::string &tail : CommentLines()) {
-            const std::string document = std::string(length, '%') + tail + "\n" + tail;
+            const std::string document = std::string(length, '-') + tail + "\n" + tail;
             EXPECT_TRUE(ReadInPieces(document, {4096}, *GetParam()) == Expected(document))
                 << length << tail;
         }
