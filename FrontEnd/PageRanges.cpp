@@ -3,6 +3,19 @@
 
 #include <charconv>
 
+namespace {
+
+// The piece in front of the first separator, which both are taken off the text.
+std::string_view TakePiece(char separator, std::string_view &text, bool &isLast) {
+    const std::size_t end = text.find(separator);
+    const std::string_view piece = text.substr(0, end);
+    isLast = end == std::string_view::npos;
+    text.remove_prefix(isLast ? text.size() : end + 1);
+    return piece;
+}
+
+}  // namespace
+
 bool ReadWholeNumber(std::string_view text, int least, int most, int &number) {
     const char *end = text.data() + text.size();
     int read = 0;
@@ -14,19 +27,17 @@ bool ReadWholeNumber(std::string_view text, int least, int most, int &number) {
 
 std::vector<std::string_view> SplitAt(char separator, std::string_view text) {
     std::vector<std::string_view> pieces;
-    for (;;) {
-        const std::size_t end = text.find(separator);
-        pieces.push_back(text.substr(0, end));
-        if (end == text.npos) return pieces;
-        text.remove_prefix(end + 1);
-    }
+    for (bool isLast = false; !isLast;) pieces.push_back(TakePiece(separator, text, isLast));
+    return pieces;
 }
 
 bool ReadPageRanges(std::string_view text, int least, std::vector<PageRange> &ranges) {
-    for (const std::string_view piece : SplitAt(',', text)) {
+    for (bool isLast = false; !isLast;) {
+        const std::string_view piece = TakePiece(',', text, isLast);
         const std::size_t dash = piece.find('-');
         const std::string_view first = piece.substr(0, dash);
-        const std::string_view last = dash == piece.npos ? first : piece.substr(dash + 1);
+        const std::string_view last =
+            dash == std::string_view::npos ? first : piece.substr(dash + 1);
         if (first.empty() && last.empty()) return false;
         PageRange range{least, kLastPage};
         if (!first.empty() && !ReadWholeNumber(first, least, kLastPage, range.first)) return false;

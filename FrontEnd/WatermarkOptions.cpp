@@ -149,8 +149,8 @@ std::string Decimal(double number) {
 // what they run across.
 std::string Outlined(const std::string &operand, int size) {
     const double width = std::max(size * kLineWidth / 1000.0, kThinnestLine);
-    return "gsave" + operand + "true charpath 1 setlinejoin " + Decimal(width) +
-           " setlinewidth stroke grestore()";
+    std::string code = "gsave" + operand + "true charpath 1 setlinejoin ";
+    return code.append(Decimal(width)).append(" setlinewidth stroke grestore()");
 }
 
 std::string Integer(double number) {
@@ -214,9 +214,9 @@ bool ExpandWatermark(const char *value, CompletionContext &context) {
         return false;
     }
     if (look.size > largest) {
-        Note(context, TicketNotice::Changed,
-             "is " + std::to_string(largest) + " points large; " + std::to_string(look.size) +
-                 " do not fit the sheet");
+        std::string why = "is " + std::to_string(largest) + " points large; ";
+        why.append(std::to_string(look.size)).append(" do not fit the sheet");
+        Note(context, TicketNotice::Changed, why);
     }
     const int size = look.size == kFit ? largest : std::min(look.size, largest);
     AddKeys(named ? named->name : "Custom", text, look, size, sheet, direction, context);

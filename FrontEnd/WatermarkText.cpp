@@ -38,7 +38,7 @@ std::string Latin1Of(const std::string &utf8) {
 // text.
 std::string Escaped(char byte) {
     constexpr std::string_view kSpecial = "()\\%";
-    if (IsASCII(byte) && kSpecial.find(byte) == kSpecial.npos) return {byte};
+    if (IsASCII(byte) && kSpecial.find(byte) == std::string_view::npos) return {byte};
     const auto code = static_cast<unsigned char>(byte);
     const auto digit = [code](int shift) { return static_cast<char>('0' + ((code >> shift) & 7)); };
     return {'\\', digit(6), digit(3), digit(0)};

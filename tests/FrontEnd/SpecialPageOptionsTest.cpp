@@ -11,6 +11,7 @@
 #include "Modules/SpecialPage/SpecialPageTicket.h"
 #include "support/CaptureOutput.h"
 #include "support/CompleteJob.h"
+#include "support/LeaksOfCups.h"
 #include "support/Ppd.h"
 
 namespace {

@@ -13,6 +13,7 @@
 #include "Modules/Watermark/WatermarkPosition.h"
 #include "Modules/Watermark/WatermarkTicket.h"
 #include "support/CompleteJob.h"
+#include "support/LeaksOfCups.h"
 #include "support/Ppd.h"
 #include "support/TicketFields.h"
 

@@ -10,13 +10,8 @@
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "fuzz/FuzzDocument.h"
+#include "support/LeaksOfCups.h"
 #include "support/TempFolder.h"
-
-// libcups leaks a few bytes of each PPD that names something twice; the filter opens one.
-extern "C" const char *__lsan_default_suppressions();
-extern "C" const char *__lsan_default_suppressions() {
-    return "leak:libcups.so\n";
-}
 
 // Makes the file of a PPD that of the job.
 inline void UsePpd(const std::string &path) {
