@@ -112,9 +112,15 @@ CompletedTicket CompleteTicket(char *const argv[]) try {
     return refused;
 }
 
+// Not worth a job: where memory is short, nothing is said.
+static void ReportProvenance(const TicketEntry &entry) try {
+    ReportDebug(Provenance(entry));
+} catch (const std::bad_alloc &) {
+}
+
 void ReportCompletion(const CompletedTicket &ticket) {
     for (const TicketEntry &entry : ticket.entries) {
-        if (entry.source != TicketSource::Job) ReportDebug(Provenance(entry));
+        if (entry.source != TicketSource::Job) ReportProvenance(entry);
     }
     bool said = false;
     for (const TicketNotice &notice : ticket.notices) {

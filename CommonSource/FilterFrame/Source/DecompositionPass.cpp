@@ -116,8 +116,11 @@ void PassThroughNamelessFile(int file, const char *name, char *const argv[]) {
     int pages = 0;
     if (StoreStructuredDocument(file, name, stored, pages)) {
         OutputKPJLCommandFromArray(argv, prtFmtTableEnterPS, numFmtTableEnterPS);
-        lseek(fileno(stored), 0, SEEK_SET);
-        SendStructuredDocument(stored, pages);
+        if (lseek(fileno(stored), 0, SEEK_SET) == 0) {
+            SendStructuredDocument(stored, pages);
+        } else {
+            ReportError(PPDPJLOutFilePath, "could not be read", errno);
+        }
     }
     std::fclose(stored);
 }

@@ -2,7 +2,10 @@
 #include "CommonSource/FilterFrame/Source/TextEncoding.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
+
+#include "CommonSource/FilterFrame/Source/OutputWriter.h"
 
 namespace {
 
@@ -14,13 +17,22 @@ constexpr CFIndex kParenthesisedLength = 255;
 
 using EncodingOfUnit = CFStringEncoding (*)(UniChar unit);
 
+// A text that is lost for want of memory is part of a job that could not be written whole.
+CFStringRef NoteMemory(CFStringRef string) {
+    if (!string && errno == ENOMEM && writeError == 0) writeError = ENOMEM;
+    return string;
+}
+
 CFStringRef StringFromUTF8(const char *text) {
-    return CFStringCreateWithCString(kCFAllocatorDefault, text, kCFStringEncodingUTF8);
+    errno = 0;
+    return NoteMemory(CFStringCreateWithCString(kCFAllocatorDefault, text, kCFStringEncodingUTF8));
 }
 
 // Encodes one unit; false if it has no character of its own in `encoding`.
 bool EncodeUnit(UniChar unit, CFStringEncoding encoding, char (&encoded)[kUnitSize]) {
-    const CFStringRef string = CFStringCreateWithCharacters(kCFAllocatorDefault, &unit, 1);
+    errno = 0;
+    const CFStringRef string =
+        NoteMemory(CFStringCreateWithCharacters(kCFAllocatorDefault, &unit, 1));
     if (!string) return false;
     const Boolean done = CFStringGetCString(string, encoded, kUnitSize, encoding);
     CFRelease(string);
@@ -55,10 +67,14 @@ CFStringRef CreateParenthesised(CFStringRef string, UniChar (&units)[kParenthesi
         kCFAllocatorDefault, units, 0, kParenthesisedLength, kCFAllocatorNull);
     const CFStringRef open = StringFromUTF8("(");
     const CFStringRef close = StringFromUTF8(")");
-    for (const CFStringRef piece : {open, string, close}) CFStringAppend(whole, piece);
-    CFRelease(open);
-    CFRelease(close);
-    return whole;
+    const bool isWhole = NoteMemory(whole) && open && close;
+    if (isWhole) {
+        for (const CFStringRef piece : {open, string, close}) CFStringAppend(whole, piece);
+    }
+    for (const CFStringRef part : {open, close, isWhole ? nullptr : CFStringRef{whole}}) {
+        if (part) CFRelease(part);
+    }
+    return isWhole ? whole : nullptr;
 }
 
 }  // namespace
