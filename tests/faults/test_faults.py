@@ -196,7 +196,7 @@ def matters(target, mode):
     one."""
     if mode.copy:
         return target == "copy"
-    return target != "other" or mode.pass_ == "plain"
+    return target != "other" or mode.pass_ == "store"
 
 
 def kind_of(output, whole):
