@@ -95,6 +95,13 @@ class DocsTest(unittest.TestCase):
             for model in re.findall(r"drv:///korvell\.drv/(\w+\.ppd)", text):
                 self.assertTrue(pathlib.Path(os.environ["KVFILTER_PPD_DIR"], model).exists(), model)
 
+    def test_forge_runs_scripts_that_there_are(self):
+        workflow = (SOURCE_DIR / ".github/workflows/ci.yml").read_text()
+        steps = re.findall(r"run: ((?:\.ci|scripts)/\S+)", workflow)
+        self.assertGreater(len(steps), 5)
+        for step in steps:
+            self.assertTrue(os.access(SOURCE_DIR / step, os.X_OK), step)
+
     def test_readme_is_short_and_its_links_lead_somewhere(self):
         text = (SOURCE_DIR / "README.md").read_text()
         self.assertLessEqual(len(text.splitlines()), 120)
