@@ -121,9 +121,15 @@ class Job:
         self._place = place  # among the jobs of its queue
 
     def output(self, timeout=TIMEOUT):
-        """What the printer received of the job, which must have succeeded."""
+        """What the printer received of the job, which must have succeeded. kvjobinfo, too, finds
+        nothing wrong with it."""
         self.wait(timeout)
-        return self.received(timeout)
+        job = self.received(timeout)
+        shown = subprocess.run([os.environ["KVJOBINFO_BINARY"], "show"], input=job, timeout=TIMEOUT,
+                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+        if shown.returncode != 0:
+            raise AssertionError(f"job {self.number}: {shown.stdout.decode(errors='replace')}")
+        return job
 
     def received(self, timeout=TIMEOUT):
         """What the printer received, all or not."""

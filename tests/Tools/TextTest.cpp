@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Tools/JobInfo/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <string>
+
+namespace {
+
+TEST(Text, ShowsWhatATerminalWouldObeyByName) {
+    const struct {
+        std::string bytes;
+        const char *visible;
+        const char *ascii;
+    } cases[] = {
+        {"plain ~ text", "plain ~ text", "plain ~ text"},
+        {"\x1b[31m\r\n\x04\x7f", "<ESC>[31m<CR><LF><04><7F>", "<ESC>[31m<CR><LF><04><7F>"},
+        {std::string("a\0b", 3), "a<00>b", "a<00>b"},
+        // UTF-8 as it is, anything else as ISO Latin-1.
+        {"Gr\xc3\xbc\xc3\x9f"
+         "e",
+         "Gr\xc3\xbc\xc3\x9f"
+         "e",
+         "Gr<C3><BC><C3><9F>e"},
+        {"Gr\xfc\xdf"
+         "e",
+         "Gr\xc3\xbc\xc3\x9f"
+         "e",
+         "Gr<FC><DF>e"},
+        {"\xe6\x97\xa5", "\xe6\x97\xa5", "<E6><97><A5>"},
+        {"\xc3", "\xc3\x83", "<C3>"},
+        {"\xc0\xaf", "\xc3\x80\xc2\xaf", "<C0><AF>"},
+        {"\xed\xa0\x80", "\xc3\xad\xc2\xa0<80>", "<ED><A0><80>"},
+        {"\x9b"
+         "31m",
+         "<9B>31m", "<9B>31m"},
+        {"\xc2\x9b"
+         "31m",
+         "<9B>31m", "<C2><9B>31m"},
+        {"a\xe2\x80\xae"
+         "b",
+         "a<202E>b", "a<E2><80><AE>b"},
+    };
+    for (const auto &test : cases) {
+        EXPECT_EQ(Visible(test.bytes), test.visible);
+        EXPECT_EQ(VisibleASCII(test.bytes), test.ascii);
+    }
+}
+
+TEST(Text, TakesTheCellsOfATerminal) {
+    ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
+    EXPECT_EQ(DisplayWidth(""), 0U);
+    EXPECT_EQ(DisplayWidth("abc"), 3U);
+    EXPECT_EQ(DisplayWidth("Gr\xc3\xbc\xc3\x9f"
+                           "e"),
+              5U);
+    EXPECT_EQ(DisplayWidth("\xe6\x97\xa5\xe6\x9c\xac"), 4U);
+}
+
+TEST(Text, CountsThings) {
+    EXPECT_EQ(Count(0, "byte"), "0 bytes");
+    EXPECT_EQ(Count(1, "byte"), "1 byte");
+    EXPECT_EQ(Count(999, "byte"), "999 bytes");
+    EXPECT_EQ(Count(1000, "byte"), "1,000 bytes");
+    EXPECT_EQ(Count(1234567890, "page"), "1,234,567,890 pages");
+}
+
+}  // namespace
