@@ -166,6 +166,82 @@ class SecondPairOfEyesTest(unittest.TestCase):
             self.assertEqual(shown["document"]["pageEnds"], decoded.pages)
 
 
+class OwnPostScriptTest(unittest.TestCase):
+    """What the filter puts into documents is recognised."""
+
+    def own(self, model, options, document=REPORT):
+        shown = json.loads(run("show", "--json", input=run_filter(model, options, document)).stdout)
+        return {code["meaning"]: code["count"] for code in shown["document"]["ownPostScript"]}
+
+    def test_watermark_of_the_dialog(self):
+        options = " ".join(f"{KEY}WMARK{name}Ticket={value}" for name, value in (
+            ("Name", "Draft"), ("Type", "0"), ("Text", "(DRAFT)"), ("Font", "Helvetica"),
+            ("FontSize", "96"), ("OnlyFirst", "0")))
+        self.assertEqual(self.own("kv1010p", options), {
+            "watermark: its procedures": 1, "watermark: a page begins": 4,
+            "watermark: the stamp": 4})
+
+    def test_watermark_of_plain_cups(self):
+        self.assertEqual(self.own("kv2024c", "KVWatermark=Draft"),
+                         {"watermark: what stamps the pages": 1})
+
+    def test_separators_and_auto_fit(self):
+        options = (f"{KEY}SeparatorPageListTicket=2 {KEY}SeparatorPageTicket=3 "
+                   f"{KEY}BookletMarginSwitchTicket=1 {KEY}BookletMarginMMShiftTicket=3 "
+                   f"{KEY}AutoFitSwitchTicket=1")
+        self.assertEqual(self.own("kv1010p", options), {
+            "separator pages": 1, "auto-fit: shift of the image": 1, "auto-fit: scaling": 1})
+
+    def test_none(self):
+        self.assertEqual(self.own("kv1010p", ""), {})
+
+
+class QueueTest(unittest.TestCase):
+    def test_defaults_of_a_queue(self):
+        with scheduler.Scheduler() as cups:
+            cups.add_queue("office", ppd("kv2024c"))
+            cups.run(["lpadmin", "-p", "office", "-o", "KVStaple=LeftDouble",
+                      "-o", "KVTrim-default=5"])
+            environment = cups.environment()
+            explained = json.loads(run("explain", "--json", "--queue", "office", "",
+                                       environment=environment).stdout)
+            missing = run("explain", "--queue", "nowhere", "", environment=environment)
+        options = {option["name"]: option for option in explained["options"]}
+        self.assertEqual((options["KVStaple"]["given"], options["KVStaple"]["source"]),
+                         ("LeftDouble", "queue default"))
+        self.assertEqual(options["KVTrim"]["writes"][0]["line"], '@PJL SET JOBATTR="@TRMR=5"')
+        self.assertEqual((missing.returncode, missing.stdout), (2, b""))
+        self.assertIn(b"nowhere", missing.stderr)
+
+
+class CompletionTest(unittest.TestCase):
+    SCRIPT = pathlib.Path(__file__).resolve().parents[2] / "Tools/JobInfo/kvjobinfo.bash"
+
+    def complete(self, *words):
+        """What bash offers for the last of the words."""
+        script = (f'. "{self.SCRIPT}"; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); '
+                  'compopt() { :; }; _kvjobinfo; printf "%s\\n" "${COMPREPLY[@]}"')
+        path = f"{pathlib.Path(TOOL).parent}:{os.environ['PATH']}"
+        done = subprocess.run(["bash", "-c", script, "bash", "kvjobinfo", *words], text=True,
+                              capture_output=True, env={"PATH": path})
+        self.assertEqual(done.stderr, "")
+        return done.stdout.split()
+
+    def test_commands_and_their_options(self):
+        usage = run("--help").stdout.decode()
+        commands = re.findall(r"^  (\w+) ", usage, re.MULTILINE)
+        self.assertEqual(self.complete(""), [*commands, "--help", "--version"])
+        for command in commands:
+            line = re.search(rf"^  {command} (.*)$", usage, re.MULTILINE)[1]
+            self.assertEqual(set(self.complete(command, "-")),
+                             set(re.findall(r"(?<![\w-])--?[a-z-]+", line)))
+
+    def test_names_of_options(self):
+        self.assertEqual(self.complete("explain", "KVTri"), ["KVTrim="])
+        self.assertEqual(self.complete("explain", "--ppd", str(ppd("kv1010p")), "KVStap"),
+                         ["KVStaple="])
+
+
 class PageTest(unittest.TestCase):
     def setUp(self):
         self.folder = tempfile.TemporaryDirectory()

@@ -264,7 +264,7 @@ class Scheduler:
 
     def run(self, command):
         """Runs a CUPS command against this scheduler; returns its standard output."""
-        done = subprocess.run(command, env=self._environment(), timeout=TIMEOUT, text=True,
+        done = subprocess.run(command, env=self.environment(), timeout=TIMEOUT, text=True,
                               stdin=subprocess.DEVNULL, capture_output=True)
         if done.returncode != 0:
             raise AssertionError(f"{command}: {done.stderr}\n{self.error_log()}")
@@ -283,7 +283,7 @@ class Scheduler:
         path = self.folder / "log" / log
         return path.read_text(errors="replace") if path.exists() else ""
 
-    def _environment(self):
+    def environment(self):
         return {"PATH": PATH, "LC_ALL": "C", "HOME": str(self.folder),
                 "CUPS_SERVER": f"127.0.0.1:{self._port}",
                 "CUPS_SERVERROOT": str(self.folder / "etc")}  # where lpoptions writes for root
