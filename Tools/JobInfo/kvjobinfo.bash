@@ -29,7 +29,7 @@ _kvjobinfo() {
                 [ "${COMP_WORDS[i]}" != --ppd ] || ppd=${COMP_WORDS[i + 1]}
             done
             COMPREPLY=($(compgen -W "$(COLUMNS=1000 kvjobinfo options ${ppd:+--ppd "$ppd"} \
-                2> /dev/null | sed -n 's/^  \([A-Za-z][^ ]*\) .*/\1=/p')" -- "$word"))
+                2> /dev/null | sed -n 's/^  \([A-Za-z][^ ]*\) .*/\1=/p' | sort -u)" -- "$word"))
             compopt -o nospace
             ;;
     esac
