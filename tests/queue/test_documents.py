@@ -5,10 +5,11 @@
 Each job is printed with a watermark and without one. The page log must count what Ghostscript
 makes of what the printer received, and every page must be the page without a watermark with the
 stamp on top, to the pixel. Every document is tried with some of the settings in turn;
-KVFILTER_MATRIX=all tries each with all settings, all renderers and both passes (twenty minutes).
-KVFILTER_PICTURES=folder keeps what was printed.
+KVFILTER_MATRIX=all tries each with all settings, all renderers and both passes (twenty minutes);
+KVFILTER_DOCUMENTS names some of the documents, KVFILTER_PICTURES a folder that keeps the pages.
 """
 
+import functools
 import itertools
 import os
 import pathlib
@@ -22,6 +23,7 @@ from golden import ENTER_POSTSCRIPT, TRAILER
 from scheduler import ppd
 
 ALL = os.environ.get("KVFILTER_MATRIX") == "all"
+DOCUMENTS = os.environ.get("KVFILTER_DOCUMENTS", " ".join(MAKERS)).split()
 PICTURES = os.environ.get("KVFILTER_PICTURES")
 
 QUEUES = {"plain": "kv1010p", "decomposition": "kv1150p"}
@@ -39,6 +41,8 @@ SETTINGS = {
 }
 # Of a document of one page, there is none between 2 and 3.
 SHORT = {"picture.png", "picture.jpg", "nocomments.ps"}
+# pstops repeats pages, and those of Ghostscript cannot be shown twice, without this filter either.
+IMPOSSIBLE = {("ps2write.ps", "collated")} | {(name, "ranges") for name in SHORT}
 # What pdftops turns into PostScript, and what it may do it with.
 THROUGH_PDF = {"ghostscript.pdf", "cairo.pdf", "chromium.pdf", "umlauts.txt", "picture.png",
                "picture.jpg"}
@@ -54,20 +58,19 @@ WATERMARK = [f"{KEY}{name}Ticket={value}" for name, value in {
 STAMP = re.compile(rb"^4 dict begin\n/kvxStamp .*?^end\n", re.MULTILINE | re.DOTALL)
 
 
-def cells():
-    """(document, setting, queue, renderer or None) of every job of this run."""
-    turns = itertools.cycle(itertools.product(SETTINGS, QUEUES))
-    renderers = itertools.cycle(RENDERERS)
-    for name in MAKERS:
-        if ALL:
-            used = RENDERERS if name in THROUGH_PDF else [None]
-            chosen = itertools.product(SETTINGS, QUEUES, used)
-        else:
-            some = itertools.islice(turns, 5)
-            chosen = [(*turn, next(renderers) if name in THROUGH_PDF else None) for turn in some]
-        for setting, queue, renderer in chosen:
-            if not (name in SHORT and setting == "ranges"):
-                yield name, setting, queue, renderer
+TURNS = itertools.cycle(itertools.product(SETTINGS, QUEUES))
+RENDERER_TURNS = itertools.cycle(RENDERERS)
+
+
+def cells(name):
+    """(setting, queue, renderer or None) of every job of this run with the document `name`."""
+    if ALL:
+        used = RENDERERS if name in THROUGH_PDF else [None]
+        chosen = itertools.product(SETTINGS, QUEUES, used)
+    else:
+        chosen = [(*next(TURNS), next(RENDERER_TURNS) if name in THROUGH_PDF else None)
+                  for _ in range(5)]
+    return [cell for cell in chosen if (name, cell[0]) not in IMPOSSIBLE]
 
 
 def document(job):
@@ -79,6 +82,11 @@ def document(job):
     return output[start:-len(TRAILER)]
 
 
+def timeless(postscript):
+    """Without the lines that tell when a converter ran."""
+    return re.sub(rb"%%CreationDate.*|D:[0-9]{14}[^)]*", b"", postscript)
+
+
 def keep(label, stamped):
     if PICTURES:
         for number, page in enumerate(stamped):
@@ -86,27 +94,29 @@ def keep(label, stamped):
             path.write_bytes(b"P6\n%s\n255\n%s" % (page.size, page.pixels))
 
 
+@functools.cache
+def alone(stamp):
+    """The page of a document that has nothing but its stamp."""
+    page, = render(b"%!PS\n" + stamp + b"showpage\n")
+    return page
+
+
+def queue_ppd(folder, model):
+    path = folder / f"{model}.ppd"
+    lines = ppd(model).read_text()
+    if "*KVFrontEnd" not in lines:
+        lines = lines.replace("*cupsFilter2", '*KVFrontEnd: "CUPS"\n*cupsFilter2', 1)
+    path.write_text(lines)
+    return path
+
+
+def submit(queue, path, setting, renderer, more):
+    options, copies = SETTINGS[setting]
+    used = [f"pdftops-renderer={renderer}"] if renderer else []
+    return queue.print(path, [*options, *used, *more], copies=copies)
+
+
 class DocumentsTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.folder = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
-        cls.scheduler = cls.enterClassContext(scheduler.Scheduler())
-        cls.queues = {}
-        for name, model in QUEUES.items():
-            path = cls.folder / f"{name}.ppd"
-            lines = ppd(model).read_text()
-            if "*KVFrontEnd" not in lines:
-                lines = lines.replace("*cupsFilter2", '*KVFrontEnd: "CUPS"\n*cupsFilter2', 1)
-            path.write_text(lines)
-            cls.queues[name] = cls.scheduler.add_queue(name, path)
-        cls.documents = {name: make(name, cls.folder) for name in MAKERS}
-
-    def submit(self, name, setting, queue, renderer, more):
-        options, copies = SETTINGS[setting]
-        used = [f"pdftops-renderer={renderer}"] if renderer else []
-        return self.queues[queue].print(self.documents[name], [*options, *used, *more],
-                                        copies=copies)
-
     def check(self, label, bare_job, stamped_job):
         bare = render(document(bare_job))
         postscript = document(stamped_job)
@@ -118,19 +128,50 @@ class DocumentsTest(unittest.TestCase):
         self.assertEqual(len(stamped), len(bare))
         blocks = STAMP.findall(postscript)
         self.assertEqual(len(blocks), 1)
-        stamp, = render(b"%!PS\n" + blocks[0] + b"showpage\n")
+        stamp = alone(blocks[0])
         self.assertLess(stamp.pixels.count(255), len(stamp.pixels) * 0.99)
         self.assertEqual([difference(*pages, stamp) for pages in zip(stamped, bare)],
                          [0] * len(bare))
 
-    def test_every_page_is_counted_and_stamped(self):
+    def print_and_check(self, name, folder, press):
+        """Prints one document in every cell through a scheduler of its own."""
+        queues = {queue: press.add_queue(queue, queue_ppd(folder, model))
+                  for queue, model in QUEUES.items()}
+        path = make(name, folder)
         jobs = []
-        for cell in cells():
-            jobs.append((cell, self.submit(*cell, []), self.submit(*cell, WATERMARK)))
-        for cell, bare, stamped in jobs:
-            label = ", ".join(filter(None, cell))
+        for setting, queue, renderer in cells(name):
+            bare, stamped = (submit(queues[queue], path, setting, renderer, more)
+                             for more in ([], WATERMARK))
+            jobs.append((", ".join(filter(None, (name, setting, queue, renderer))), bare, stamped))
+        for label, bare, stamped in jobs:
             with self.subTest(label):
                 self.check(label, bare, stamped)
+
+    def test_every_page_is_counted_and_stamped(self):
+        for name in DOCUMENTS:
+            with tempfile.TemporaryDirectory() as folder, scheduler.Scheduler() as press:
+                self.print_and_check(name, pathlib.Path(folder), press)
+
+    def test_without_the_switch_documents_are_left_alone(self):
+        with tempfile.TemporaryDirectory() as folder, scheduler.Scheduler() as press:
+            folder = pathlib.Path(folder)
+            queues = {queue: press.add_queue(queue, ppd(model)) for queue, model in QUEUES.items()}
+            for queue, model in QUEUES.items():  # to the printer goes what the filter reads
+                bare = folder / f"{queue}.ppd"
+                bare.write_text(ppd(model).read_text().replace(" 0 kvfilter", " 0 -"))
+                queues["bare-" + queue] = press.add_queue("bare-" + queue, bare)
+            jobs = {}
+            for name in DOCUMENTS:
+                path = make(name, folder)
+                jobs[name] = {queue: entry.print(path) for queue, entry in queues.items()}
+            for name, job in jobs.items():
+                with self.subTest(name):
+                    read = timeless(job["bare-plain"].output())
+                    self.assertTrue(read.endswith(b"\n\x04"))
+                    self.assertEqual(timeless(document(job["plain"])), read)
+                    # Here Ctrl-D, which has no line end, does not return from the disk.
+                    read = timeless(job["bare-decomposition"].output())
+                    self.assertEqual(timeless(document(job["decomposition"])), read[:-1])
 
 
 if __name__ == "__main__":
