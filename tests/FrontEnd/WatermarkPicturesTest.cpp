@@ -11,6 +11,7 @@
 #include <iterator>
 #include <numbers>
 #include <string>
+#include <vector>
 
 #include "support/CompleteJob.h"
 #include "support/Ghostscript.h"
@@ -59,47 +60,53 @@ struct Job {
     }
 };
 
-// Where pixels are that `counts`, seen from the middle of the sheet along a direction.
+struct Point {
+    double x, y;  // from the middle of the sheet, in points
+};
+
+// The pixels that `counts`.
+template <typename Counts>
+std::vector<Point> Pixels(const RenderedPage &page, Counts counts) {
+    std::vector<Point> points;
+    for (std::size_t i = 0; i < page.pixels.size(); i++) {
+        if (!counts(i)) continue;
+        const int column = static_cast<int>(i) % page.width;
+        const int row = static_cast<int>(i) / page.width;
+        points.push_back({column + 0.5 - page.width / 2.0, page.height / 2.0 - row - 0.5});
+    }
+    return points;
+}
+
+std::vector<Point> Stamped(const RenderedPage &page, const RenderedPage &bare) {
+    return Pixels(page, [&](std::size_t i) { return page.pixels[i] != bare.pixels[i]; });
+}
+
+// How far points reach, seen along a direction.
 struct Extent {
-    int pixels = 0;
     double left = 1e9, right = -1e9, bottom = 1e9, top = -1e9;
     double x = 0, y = 0;  // their middle
 
-    template <typename Counts>
-    Extent(const RenderedPage &page, double degrees, Counts counts) {
+    Extent(const std::vector<Point> &points, double degrees) {
         const double cosine = std::cos(degrees * std::numbers::pi / 180);
         const double sine = std::sin(degrees * std::numbers::pi / 180);
-        for (int row = 0; row < page.height; row++) {
-            for (int column = 0; column < page.width; column++) {
-                if (!counts(column, row)) continue;
-                const double fromX = column + 0.5 - page.width / 2.0;
-                const double fromY = row + 0.5 - page.height / 2.0;
-                const double along = fromX * cosine + fromY * sine;
-                const double up = fromY * cosine - fromX * sine;
-                left = std::min(left, along);
-                right = std::max(right, along);
-                bottom = std::min(bottom, up);
-                top = std::max(top, up);
-                x += along;
-                y += up;
-                pixels++;
-            }
+        for (const Point &point : points) {
+            const double along = point.x * cosine + point.y * sine;
+            const double up = point.y * cosine - point.x * sine;
+            left = std::min(left, along);
+            right = std::max(right, along);
+            bottom = std::min(bottom, up);
+            top = std::max(top, up);
+            x += along / static_cast<double>(points.size());
+            y += up / static_cast<double>(points.size());
         }
-        x /= pixels;
-        y /= pixels;
     }
 };
 
-// The stamp in its own direction, or in that of the sheet.
-Extent Ink(const RenderedPage &page, const RenderedPage &bare, double degrees) {
-    return Extent(page, degrees, [&](int x, int y) { return page.At(x, y) != bare.At(x, y); });
-}
-
 // Whether the bars stand towards the top for someone who reads along `degrees`.
 bool IsUpright(const RenderedPage &bare, double degrees) {
-    const Extent bars(bare, degrees, [&](int x, int y) {
-        return bare.At(x, y) == RenderedPage::Pixel{0, 0, 255};
-    });
+    constexpr RenderedPage::Pixel kBlue = {0, 0, 255};
+    const Extent bars(Pixels(bare, [&](std::size_t i) { return bare.pixels[i] == kBlue; }),
+                      degrees);
     return bars.y > 3 * std::abs(bars.x) && bars.y > 10;
 }
 
@@ -108,11 +115,12 @@ double Angle(const std::string &options) {
 }
 
 void ExpectStamp(const RenderedPage &page, const RenderedPage &bare, double degrees) {
-    const Extent ink = Ink(page, bare, degrees);
-    ASSERT_GT(ink.pixels, 1000);
+    const std::vector<Point> stamp = Stamped(page, bare);
+    ASSERT_GT(stamp.size(), 1000U);
+    const Extent ink(stamp, degrees);
     EXPECT_NEAR(ink.left + ink.right, 0, 6) << "not centred along the text";
     EXPECT_NEAR(ink.bottom + ink.top, 0, 6) << "not centred across the text";
-    const Extent box = Ink(page, bare, 0);
+    const Extent box(stamp, 0);
     EXPECT_LE(std::max(-box.left, box.right), page.width / 2.0 - kMargin + 4);
     EXPECT_LE(std::max(-box.bottom, box.top), page.height / 2.0 - kMargin + 4);
 }
