@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "CommonSource/FilterFrame/Source/DocumentReader.h"
+#include "FrontEnd/ForeignPJL.h"
 #include "Tables/SpecialLines.h"
 #include "fuzz/Fuzz.h"
 #include "support/FeatureLines.h"
@@ -20,6 +21,8 @@ inline std::string FuzzDocument(FuzzInput &input) {
     static const std::vector<std::string> lines = [] {
         std::vector<std::string> all = FeatureLines();
         for (const SpecialLine &special : specialLines) all.emplace_back(special.text);
+        for (const DocumentComment &row : documentComments) all.emplace_back(row.text);
+        all.emplace_back(kUniversalExit);
         return all;
     }();
     constexpr unsigned kFirstLine = 0x80, kFirstFiller = 0xE0;

@@ -45,12 +45,12 @@ bool StructuredDocument::PutDocument(const DocumentPiece &piece) {
     return isStructured || way_ == kFromStore ? PutNext(piece) : PutUnstructured(piece);
 }
 
-// A document that does not claim to be structured has one place for everything: its beginning.
+// A document that does not claim to be structured has one place for everything: its beginning, if
+// it is more than a comment.
 bool StructuredDocument::PutUnstructured(const DocumentPiece &firstLine) {
     if (!firstLine.text.starts_with('%')) PutSetup();
     if (!PutNext(firstLine)) return false;
-    if (!IsLineEnd(lastByte_)) Write("\n");
-    PutSetup();
+    if (IsLineEnd(lastByte_)) PutSetup();
     return true;
 }
 
@@ -69,7 +69,8 @@ bool StructuredDocument::PutComment(const DocumentPiece &piece) {
     if ((pageEnds || startsPage) && CancelJob == 1) return false;
     if (IsOutermost()) PutBeforeComment(piece.comment);
     Write(piece.text);
-    if (IsOutermost() && piece.comment == Comment::kEndComments) PutStamp();
+    const bool endsHeader = piece.comment == Comment::kEndComments && IsLineEnd(lastByte_);
+    if (IsOutermost() && endsHeader) PutStamp();
     if (piece.comment == Comment::kBeginBinary || piece.comment == Comment::kBeginData) {
         const AnnouncedData data = FindAnnouncedData(piece.comment, piece.text);
         reader_.PassBy(data.bytes, data.lines);
