@@ -31,7 +31,8 @@ def rows():
 def printed(options):
     """What the printer gets of a job whose options lp's command line names."""
     words = [word for word in shlex.split(options) if word != "-o"]
-    values = [word.replace("\\", "\\\\").replace(" ", "\\ ") for word in words]
+    # lp takes the quotes away and escapes what they held together.
+    values = [word.replace("\\", "\\\\").replace('"', "").replace(" ", "\\ ") for word in words]
     with open(SOURCE_DIR / "samples/plain.ps", "rb") as document:
         done = subprocess.run([os.environ["KVFILTER_BINARY"], "17", "alice", "Report", "1",
                                " ".join(values)], stdin=document, capture_output=True, check=True,
