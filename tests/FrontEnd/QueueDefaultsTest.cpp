@@ -5,6 +5,12 @@
 
 #include "support/TicketJob.h"
 
+// CUPS's library leaks what it makes of a PPD with presets when the PPD is closed.
+extern "C" const char *__lsan_default_suppressions();
+extern "C" const char *__lsan_default_suppressions() {
+    return "leak:_ppdCacheCreateWithPPD";
+}
+
 namespace {
 
 const std::string kStaple = PpdOption("KVStaple", "None UpperLeftSingle LeftDouble");
