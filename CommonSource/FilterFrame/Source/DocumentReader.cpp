@@ -10,6 +10,8 @@
 #include <cerrno>
 #include <cstring>
 
+#include "CommonSource/FilterFrame/Source/OutputWriter.h"
+#include "CommonSource/FilterFrame/Source/Relay.h"
 #include "FrontEnd/Cancel.h"
 #include "FrontEnd/ForeignPJL.h"
 #include "FrontEnd/FrontEnd.h"
@@ -269,7 +271,7 @@ std::size_t DocumentReader::ReadBlock(char *block) {
             return 0;
         }
         if (!isReady) continue;
-        const ssize_t count = read(file_, block, kBlock);
+        const ssize_t count = RelayRead(file_, block, kBlock);
         if (count >= 0) return static_cast<std::size_t>(count);
         if (errno == EINTR || errno == EAGAIN) continue;
         error_ = errno;
@@ -279,6 +281,7 @@ std::size_t DocumentReader::ReadBlock(char *block) {
 
 // Moves the unfinished line in front of the block and reads into that what has arrived.
 bool DocumentReader::Refill() {
+    FinishRelayedBlock();
     const std::size_t rest = static_cast<std::size_t>(end_ - begin_);
     const std::size_t withheld = static_cast<std::size_t>(end_ - limit_);
     char *block = buffer_ + kRoom;

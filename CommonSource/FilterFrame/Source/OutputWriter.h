@@ -39,6 +39,18 @@ bool OutputHasFailed(std::FILE *stream);
 // Sends what `stream` has buffered. The job copy is left alone.
 int KVfflush(std::FILE *stream);
 
+// While it lives, what is read from `document` and goes to standard output unchanged may take a
+// shorter way (Relay.h). It must end before the memory that the document is read into.
+struct RelayedDocument {
+    explicit RelayedDocument(int document);
+    ~RelayedDocument();
+    RelayedDocument(const RelayedDocument &) = delete;
+    RelayedDocument &operator=(const RelayedDocument &) = delete;
+};
+
+// Must be called before the memory changes that such a document was read into.
+void FinishRelayedBlock();
+
 // Tells the scheduler, on standard error, that a page is out: "PAGE:number copies". `argv` are the
 // filter's arguments; argv[4] holds the copies. Silent below version word 0x1070, where the
 // scheduler counts pages by other means.

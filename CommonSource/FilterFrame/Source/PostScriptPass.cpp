@@ -18,6 +18,7 @@ void PassOn() {
 
 void OutputStructuredDocument(int file, const char *name) {
     DocumentReader reader(file, DocumentReader::kComments, PassOn);
+    const RelayedDocument relayed(file);
     StructuredDocument document(StructuredDocument::kToPrinter, reader, stdout);
     DocumentPiece piece;
     while (!OutputHasFailed(stdout) && reader.Next(piece)) {
@@ -37,6 +38,7 @@ void OutputPSStream(int argc, char *const argv[]) {
         return;
     }
     DocumentReader reader(file, DocumentReader::kPlain, PassOn);
+    const RelayedDocument relayed(file);
     DocumentState state;
     DocumentPiece piece;
     while (reader.Next(piece)) {

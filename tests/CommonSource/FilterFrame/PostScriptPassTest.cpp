@@ -81,6 +81,46 @@ FilterResult Print(const std::string &document, const std::string &options = "")
     return RunFilter(job);
 }
 
+// Documents that arrive in large pieces, which the filter passes on within the kernel.
+TEST(PostScriptPass, PassesLargeDocumentsOnAsTheDescriptionDoes) {
+    InializeDescriptionTable();
+    const TempFolder folder;
+    for (unsigned seed = 0; seed < 12; seed++) {
+        SCOPED_TRACE(seed);
+        RandomDocument random(seed);
+        FilterJob job;
+        job.ppd = PpdWith();
+        job.options = seed % 2 ? kInjecting : "";
+        std::string document;
+        while (document.size() < 1500000) {
+            document += random.Make(40);
+            document.append(random.Below(300000), 'p');  // unlike the rest, long without a line
+        }
+        const std::string path = folder.Write("document.ps", document);
+
+        std::string words[] = {"kvfilter", job.id, job.user, job.title, job.copies, job.options};
+        char *argv[7] = {};
+        for (int i = 0; i < 6; i++) argv[i] = words[i].data();
+        GetTicketFromPDE(argv);
+        testing::internal::CaptureStderr();
+        const std::string expected = CaptureOutput([&] {
+            std::FILE *input = std::fopen(path.c_str(), "rb");
+            ReferencePSStream(input, stdout, argv);
+            std::fclose(input);
+        });
+        const std::string log = testing::internal::GetCapturedStderr();
+
+        job.input = document;
+        const FilterResult piped = RunFilter(job);
+        EXPECT_TRUE(DocumentPart(piped) == expected);
+        EXPECT_EQ(piped.errors, log);
+        job.more = {path};
+        const FilterResult fromFile = RunFilter(job);
+        EXPECT_TRUE(DocumentPart(fromFile) == expected);
+        EXPECT_EQ(fromFile.errors, log);
+    }
+}
+
 TEST(PostScriptPass, EndsWithCtrlDAndLogsPagesThatEndWithEp) {
     const FilterResult result = Print("%!PS\nbp\nep\nbp\nep\n");
     EXPECT_EQ(DocumentPart(result), "%!PS\nbp\nep\nbp\nep\n\x04");
