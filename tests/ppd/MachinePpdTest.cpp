@@ -212,6 +212,29 @@ TEST(MachinePpd, StaplesAndPunchesByPostScript) {
     }
 }
 
+TEST(MachinePpd, FoldsAndStitchesBookletsByPostScript) {
+    const std::map<std::string, std::string> contained = {
+        {"None", "<</Fold 0>>"},         {"LeftSigFold", "<</Fold 3>>"},
+        {"RightSig", "<</Fold 0>>"},     {"LeftSigCenterStaple", "/StapleLocation(Saddle)"},
+        {"LeftSig", "<</Fold 0>>"},      {"RightSigCenterStaple", "/StapleLocation(Saddle)"},
+        {"RightSigFold", "<</Fold 3>>"},
+    };
+    for (const char *model : {"kv2024c", "kv4024x"}) {
+        ppd_file_t *ppd = Open(model);
+        const ppd_option_t *booklet = ppdFindOption(ppd, "KVSignature");
+        ASSERT_TRUE(booklet);
+        EXPECT_EQ(static_cast<std::size_t>(booklet->num_choices), contained.size());
+        for (const auto &[choice, code] : contained) {
+            const ppd_choice_t *row =
+                ppdFindChoice(ppdFindOption(ppd, "KVSignature"), choice.c_str());
+            ASSERT_TRUE(row) << choice;
+            EXPECT_NE(std::string(row->code).find(code), std::string::npos) << row->code;
+        }
+        // Behind what KVStaple says, which would take the stitches out again.
+        EXPECT_GT(booklet->order, ppdFindOption(ppd, "KVStaple")->order);
+    }
+}
+
 TEST(MachinePpd, MonochromePrinterOffersWhatBecomesPjlAndIsNotColor) {
     ppd_file_t *ppd = Open("kv1024p");
     std::map<std::string, std::set<std::string>> features;

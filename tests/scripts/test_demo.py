@@ -23,6 +23,7 @@ CAUSED = (
     ("secure", "KVPassword=4711", "@PJL SET HOLD=STORE"),
     ("settings", "KVTonerSaver=Mode2", "@PJL SET ECONOMODE=MODE2"),
     ("booklet", "KVSignature=LeftSigCenterStaple", '@PJL SET JOBATTR="@DIBB=LEFT"'),
+    ("booklet", "KVSignature=LeftSigCenterStaple", "/StapleLocation(Saddle)>>>>setpagedevice"),
     ("book", "KVPBindCoverMediaColor=Blue", '@PJL SET JOBATTR="@PBCC=BLUE"'),
     ("covers", "KVInsert=1,3:Tab", "after page 3, count 1"),
     ("account", "KVAccountID=4711", '@PJL SET JOBATTR="@DAID=4711"'),
