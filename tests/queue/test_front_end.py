@@ -11,7 +11,7 @@ import scheduler
 from golden import ENTER_POSTSCRIPT, JOB_MODE, accounting, job_information
 from scheduler import ppd, sample
 
-OFFICE, PRESS, MONO = "kv2024c", "kv4024x", "kv1024p"
+OFFICE = "kv2024c"
 SWITCH = '*KVFrontEnd: "CUPS"\n'
 
 
@@ -341,9 +341,8 @@ class FrontEndTest(unittest.TestCase):
         for line in (attribute("LUNA", "jürgen"), attribute("JOAU", "jürgen"),
                      attribute("ACNA", "Größe")):
             self.assertIn(line, header)
-        mono = self.scheduler.add_queue("mono", ppd(MONO))
-        job = mono.print(sample("plain"), user="jürgen")
-        self.assertIn(b'@PJL SET JOBATTR="@LUNA=UnknownUser"\n', job.output())
+        job = self.queue_with_switch("kv1160p").print(sample("plain"), user="jürgen")
+        self.assertIn(attribute("LUNA", "UnknownUser"), header_of(job.output()))
         self.assertIn("UnknownUser is charged", job.log())
 
 
