@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <netdb.h>
 #include <netinet/in.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -191,8 +193,33 @@ TEST(CFHost, AnswersMayOutliveTheThreadThatAsked) {
         Client client("printhost");
         ASSERT_TRUE(client.Start());
         CFRunLoopRun();
+        EXPECT_EQ(client.calls, 1);
+        EXPECT_EQ(client.error.error, ETIMEDOUT);
     }).join();
+    EXPECT_FALSE(gate->gone.try_wait()) << "the answer is still to come";
     LetTheAnswerCome();
+    EXPECT_TRUE(gate->gone.try_wait());
+}
+
+// Threads count among the processes that an ordinary user may have.
+TEST(CFHost, SaysSoWhenNoThreadCanBeHad) {
+    const pid_t child = fork();
+    if (child == 0) {
+        const rlimit none = {0, 0};
+        constexpr uid_t kNobody = 65534;
+        if (setrlimit(RLIMIT_NPROC, &none) != 0) _exit(10);
+        if (geteuid() == 0 && setuid(kNobody) != 0) _exit(11);
+        const ResolverInPlace resolver(FindTwo, kLong);
+        Client client("printhost");
+        CFStreamError error{};
+        if (CFHostStartInfoResolution(client.host, kCFHostAddresses, &error)) _exit(12);
+        if (error.domain != kCFStreamErrorDomainPOSIX || error.error != EAGAIN) _exit(13);
+        _exit(client.calls == 0 && !client.IsResolved() ? 0 : 14);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_TRUE(WIFEXITED(status));
 }
 
 TEST(CFHost, UnscheduledHostsAreNotHeard) {

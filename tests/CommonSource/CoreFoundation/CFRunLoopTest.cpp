@@ -46,8 +46,15 @@ TEST(CFRunLoop, EachThreadHasItsOwn) {
 
 TEST(CFRunLoop, EndsAtOnceWithNothingScheduled) {
     CFRunLoopRun();
-    StopCurrent();
+    StopCurrent();  // ends no run that is yet to come
+    TestSource source(kNow);
+    source.action = [&] {
+        if (source.deliveries == 2) RunLoopRemoveSource(source.loop, &source);
+    };
     CFRunLoopRun();
+    EXPECT_EQ(source.deliveries, 2);
+    CFRunLoopRun();
+    EXPECT_EQ(source.deliveries, 2);
 }
 
 TEST(CFRunLoop, ServesUntilStopped) {

@@ -92,6 +92,12 @@ TEST(CFString, EncodesAllOrNothing) {
     EXPECT_EQ(Encode({0xD83D, 'a'}, kCFStringEncodingUTF8), "#");
     EXPECT_EQ(Encode({0xDDA8, 0xD83D}, kCFStringEncodingUTF8), "#");
     EXPECT_EQ(Encode({0xD83D, 0xD83D}, kCFStringEncodingUTF8), "#");
+    for (const UniChar half : std::vector<UniChar>{0xD800, 0xDBFF, 0xDC00, 0xDFFF}) {
+        EXPECT_EQ(Encode({half}, kCFStringEncodingUTF8), "#") << half;
+    }
+    EXPECT_EQ(Encode({0xD7FF, 0xE000}, kCFStringEncodingUTF8), "\uD7FF\uE000");
+    EXPECT_EQ(Encode({0xDBFF, 0xE000}, kCFStringEncodingUTF8), "#");
+    EXPECT_EQ(Encode({0xD7FF, 0xDC00}, kCFStringEncodingUTF8), "#");
 }
 
 TEST(CFString, EncodesIntoBoundedBuffers) {

@@ -3,8 +3,12 @@
 // The client's name and address as the job finds them, with hosts of the test's own.
 #include <gtest/gtest.h>
 #include <netdb.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
+#include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -110,4 +114,39 @@ TEST(ClientResolution, AResolverThatDoesNotAnswerLeavesTheAddressEmpty) {
     EXPECT_STREQ(client.address, "");
     EXPECT_EQ(client.name, ThisHost());
     EXPECT_FALSE(getHostAddress("printhost", client.address, kAddressSize));
+}
+
+// The address that this computer's own resolver lists first among the usable IPv4 ones.
+TEST(ClientResolution, ClientIsThisComputer) {
+    char hostName[97];
+    char address[kAddressSize];
+    // However long the resolver takes: the test asks it too.
+    const ResolverInPlace resolver(hostResolver.lookUp, std::chrono::hours(1));
+    GetClientIPAddress(hostName, address);
+
+    char name[256] = "";
+    ASSERT_EQ(gethostname(name, sizeof name - 1), 0);
+    EXPECT_EQ(hostName, std::string(name).substr(0, 96));
+
+    std::string expected;
+    addrinfo hints{};
+    hints.ai_socktype = SOCK_STREAM;
+    addrinfo *list = nullptr;
+    if (getaddrinfo(name, nullptr, &hints, &list) != 0) list = nullptr;
+    for (const addrinfo *entry = list; entry && expected.empty(); entry = entry->ai_next) {
+        if (entry->ai_family != AF_INET) continue;
+        sockaddr_in found{};
+        std::memcpy(&found, entry->ai_addr, sizeof found);
+        const std::uint32_t number = ntohl(found.sin_addr.s_addr);
+        if (number == INADDR_LOOPBACK) continue;
+        char text[10];
+        std::snprintf(text, sizeof text, "I%08X", number);
+        expected = text;
+    }
+    if (list) freeaddrinfo(list);
+    if (!expected.empty()) {
+        EXPECT_EQ(address, expected);
+    } else {
+        EXPECT_TRUE(*address == '\0' || *address == '6') << address;
+    }
 }

@@ -24,6 +24,7 @@
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "support/FilterProcess.h"
+#include "support/GermanLocale.h"
 #include "support/Ppd.h"
 #include "support/RunFilter.h"
 #include "support/TempFolder.h"
@@ -117,12 +118,16 @@ TEST(JobRun, ChoosesThePassByTheExactValue) {
 }
 
 TEST(JobRun, IgnoresTheLocale) {
-    for (const char *locale : {"de_DE.UTF-8", "C.UTF-8", "nonsense"}) {
+    const GermanLocale german;
+    const std::vector<std::pair<std::string, std::string>> environments[] = {
+        german.Environment(), {{"LC_ALL", "C.UTF-8"}}, {{"LC_ALL", "nonsense"}}};
+    for (const auto &environment : environments) {
         FilterJob job;
         job.ppd = PpdWith();
-        job.input = "%%BeginProlog\n%%EndProlog\n";
+        job.options = WatermarkJob{.width = "180.5", .horizontalOffset = "1.5"}.Options();
+        job.input = "%%BeginProlog\n%%EndProlog\nep\n";
         const FilterResult expected = RunFilter(job);
-        job.environment = {{"LC_ALL", locale}, {"LANG", locale}};
+        job.environment = environment;
         EXPECT_EQ(RunFilter(job).output, expected.output);
     }
 }

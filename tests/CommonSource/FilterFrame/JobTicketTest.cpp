@@ -250,16 +250,33 @@ TEST(JobTicket, ReadsRowsInOrderAndALaterRowWins) {
 }
 
 TEST(JobTicket, SurvivesHostileOptionStrings) {
-    for (const std::string &text :
-         {std::string("key=\"unbalanced"), std::string("key='unbalanced"), std::string("="),
-          std::string("=value"), std::string("key"), std::string("nokey"), std::string("{key=1"),
-          std::string("key={a b"), std::string("key=\\"), std::string("\x01\xFF\xFE"),
-          std::string(1 << 20, '='), "key=" + std::string(1 << 20, 'x'),
-          std::string(1 << 20, '"')}) {
-        GetText(GetTicketStringConvertedToPrtLang, text);
-        GetInteger(GetTicketInteger, text);
-        GetFloat(text);
-        NumberUp(text);
+    const struct {
+        std::string options;
+        int present;  // whether there is a key "key"
+        std::string value;
+    } kCases[] = {
+        {"key=\"unbalanced", 1, "unbalanced"},
+        {"key='unbalanced", 1, "unbalanced"},
+        {"=", 0, ""},
+        {"=value", 0, ""},
+        {"key", 1, "true"},
+        {"nokey", 1, "false"},
+        {"{key=1", 0, ""},
+        {"key={a b", 1, "{a b"},
+        {"key=\\", 1, "\\"},
+        {"\x01\xFF\xFE", 0, ""},
+        {std::string(1 << 20, '='), 0, ""},
+        {"key=" + std::string(1 << 20, 'x'), 1, std::string(63, 'x')},
+        {std::string(1 << 20, '"'), 0, ""},
+    };
+    for (const auto &[options, present, value] : kCases) {
+        SCOPED_TRACE(options.substr(0, 20));
+        const Getting got = GetText(GetTicketString, options);
+        EXPECT_EQ(got.present, present);
+        EXPECT_EQ(got.text, value);
+        EXPECT_EQ(GetInteger(GetTicketInteger, options).first, present);
+        EXPECT_EQ(GetFloat(options).first, present);
+        NumberUp(options);  // stays within its buffers
     }
 }
 

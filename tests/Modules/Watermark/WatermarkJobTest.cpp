@@ -3,6 +3,7 @@
 // The watermark through the whole filter: from the ticket to the lines of the document.
 #include <gtest/gtest.h>
 
+#include "support/GermanLocale.h"
 #include "support/Injections.h"
 #include "support/WatermarkJob.h"
 
@@ -196,7 +197,8 @@ TEST(WatermarkJob, WritesNumbersWithAPointInEveryLocale) {
     job.ppd = PpdWith();
     job.options = WatermarkJob{}.Options();
     job.input = "ep\n";
-    job.environment = {{"LC_ALL", "de_DE.UTF-8"}, {"LANG", "de_DE.UTF-8"}};
+    const GermanLocale german;
+    job.environment = german.Environment();
     EXPECT_EQ(DocumentOf(RunFilter(job).output), kStampAtEp + "ep\n\x04");
 }
 
