@@ -210,20 +210,28 @@ class LifeTest(unittest.TestCase):
         self.assertEqual([path for path in left if not path.startswith("/root/")], [])
 
 
+UNSHARE = ["unshare", "--mount", "--pid", "--fork", "--kill-child", "--mount-proc"]
+TRY_OVERLAY = """mount -t tmpfs tmpfs "$0" && cd "$0" && mkdir upper work root &&
+mount -t overlay overlay -o "lowerdir=/,upperdir=$0/upper,workdir=$0/work" root"""
+
+
+def can_make_a_machine(folder):
+    return os.getuid() == 0 and subprocess.run([*UNSHARE, "sh", "-c", TRY_OVERLAY, folder],
+                                               capture_output=True).returncode == 0
+
+
 def main():
-    unshare = ["unshare", "--mount", "--pid", "--fork", "--kill-child", "--mount-proc"]
-    if IN_NAMESPACE in os.environ or os.getuid() != 0 or \
-            subprocess.run([*unshare, "true"], capture_output=True).returncode != 0:
-        program = unittest.main(exit=False)
-        skipped = program.result.wasSuccessful() and program.result.skipped
-        sys.exit(SKIPPED if skipped else not program.result.wasSuccessful())
     folder = tempfile.mkdtemp()
     try:
-        done = subprocess.run([*unshare, sys.executable, "-B", __file__, *sys.argv[1:]],
-                              env={**os.environ, IN_NAMESPACE: folder})
+        if IN_NAMESPACE not in os.environ and can_make_a_machine(folder):
+            done = subprocess.run([*UNSHARE, sys.executable, "-B", __file__, *sys.argv[1:]],
+                                  env={**os.environ, IN_NAMESPACE: folder})
+            sys.exit(done.returncode)
     finally:
         os.rmdir(folder)  # empty, the mounts having been the other process's
-    sys.exit(done.returncode)
+    program = unittest.main(exit=False)
+    skipped = program.result.wasSuccessful() and program.result.skipped
+    sys.exit(SKIPPED if skipped else not program.result.wasSuccessful())
 
 
 if __name__ == "__main__":
