@@ -19,6 +19,7 @@
 
 #include "CommonSource/FilterFrame/Source/JobCopy.h"
 #include "CommonSource/FilterFrame/Source/JobRun.h"
+#include "Tools/JobInfo/JobDecoder.h"
 #include "support/DecompositionJob.h"
 #include "support/FilterProcess.h"
 
@@ -382,6 +383,16 @@ TEST_F(DecompositionFile, IsInTheJobCopyAsItIsMadeAndNotAsItIsSent) {
     EXPECT_EQ(OnlyFile(), Header() + "%!PS\n" + kMode2 + kMode2Line + "bp\nep\n" + settings +
                               "/TCPR 1 /GCPR 2 /ICPR 3\n" + kMode3 + kMode3Line + "showpage\n\x04" +
                               kEnterPostScript + kTrailer);
+
+    // kvjobinfo makes one of the copy again.
+    std::string shown;
+    JobDecoder decoder([&](std::string_view bytes) { shown += bytes; });
+    decoder.Feed(OnlyFile());
+    const DecodedJob &job = decoder.Finish();
+    EXPECT_TRUE(job.document.isCopy);
+    EXPECT_EQ(shown, document + "\x04");
+    ASSERT_EQ(job.problems.size(), 1U);  // the document asks for two modes
+    EXPECT_EQ(job.problems[0].kind, kProblemGivenTwice);
 }
 
 TEST_F(DecompositionFile, IsInTheJobCopyWithTheLastByteAndOneCtrlD) {
