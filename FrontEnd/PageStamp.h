@@ -10,9 +10,11 @@
 #include <cstdio>
 
 struct PageStamp {
-    // Writes the PostScript of the stamp: text in the font `font`, selected with selectfont, and a
-    // grestore at the end. Null if there is no stamp.
+    // Writes the PostScript of the stamp: text, its font selected with selectfont, and a grestore
+    // at the end. Null if there is no stamp.
     void (*output)(std::FILE *stream) = nullptr;
+    // What stands between the slash and the size of selectfont: the font's name, perhaps with code
+    // that makes the font and its name again.
     const char *font = "";
     bool firstPageOnly = false;
 };

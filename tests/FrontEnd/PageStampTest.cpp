@@ -82,6 +82,26 @@ TEST(PageStamp, ShowsTheFontThatItNames) {
     EXPECT_EQ(stamp.At(100, 390), (RenderedPage::Pixel{255, 255, 255}));
 }
 
+// A font may be made by code, as one with the letters of ISO Latin-1 is.
+TEST(PageStamp, TakesCodeForAFont) {
+    static constexpr char kFont[] =
+        "New FontDirectory 1 index known{pop}{/Helvetica-Bold findfont dup length dict copy "
+        "dup/FID undef dup/Encoding ISOLatin1Encoding put definefont pop}ifelse/New";
+    const auto put = [](std::FILE *stream) {
+        KVfputs(("0 setgray /" + std::string(kFont) +
+                 " 200 selectfont 200 300 moveto (\\304) show "
+                 "grestore\n")
+                    .c_str(),
+                stream);
+    };
+    const std::string stamp = CaptureOutput([&] { PutPageStamp({put, kFont, false}, stdout); });
+    const Rendering pages = Render("%!PS\n" + stamp + "save showpage restore showpage\n");
+    EXPECT_EQ(pages.messages, "");
+    ASSERT_EQ(pages.pages.size(), 2U);
+    EXPECT_EQ(pages.pages[0].pixels, pages.pages[1].pixels);
+    EXPECT_EQ(pages.pages[0].At(270, 345), (RenderedPage::Pixel{0, 0, 0}));
+}
+
 TEST(PageStamp, StandsOnTopWhateverThePageHasDone) {
     const char *const kPages[] = {
         "showpage",

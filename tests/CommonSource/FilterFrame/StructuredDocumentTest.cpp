@@ -208,6 +208,20 @@ TEST_P(StructuredDocument, LosesThePJLThatItBringsAlong) {
     EXPECT_NE(unstructured.errors.find("PAGE: 1 1\n"), both.errors.npos) << unstructured.errors;
 }
 
+// Long enough to be passed on from pipe to pipe, where what is left out must be taken out.
+TEST_P(StructuredDocument, LosesThePJLBetweenLongPages) {
+    std::string page = "%%Page: 1 1\n";
+    while (page.size() < 700000) page += "0 0 moveto 100 100 lineto stroke % -12345X\n";
+    const std::string pages = "%!PS-Adobe-3.0\n%%EndComments\n" + page;
+    const FilterResult result = Run(kHeader + pages + "\x04\x1b%-12345X@PJL EOJ\n" + kHeader +
+                                        "%!PS-Adobe-3.0\n" + page + "%%EOF\n\x04\x1b%-12345X",
+                                    kFeatures);
+    const std::string expected = "%!PS-Adobe-3.0\n%%EndComments\n" + kSeparator + kShift + page +
+                                 "%!PS-Adobe-3.0\n" + page + "%%EOF\n\x04";
+    EXPECT_TRUE(DocumentOf(result.output) == expected);
+    EXPECT_NE(result.errors.find("PAGE: 2 1\n"), result.errors.npos) << result.errors;
+}
+
 TEST_P(StructuredDocument, IsAnErrorIfItHoldsNothingButPJL) {
     const FilterResult result = Run(kHeader + "text\n");
     EXPECT_EQ(DocumentOf(result.output), "\x04");
