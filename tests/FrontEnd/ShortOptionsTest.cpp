@@ -8,6 +8,9 @@
 #include <sstream>
 
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
+#include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
+#include "FrontEnd/PrintModeKeys.h"
+#include "FrontEnd/QueueDefaults.h"
 #include "support/TicketJob.h"
 
 namespace {
@@ -15,6 +18,15 @@ namespace {
 std::vector<std::string> Words(const std::string &text) {
     std::istringstream stream(text);
     return {std::istream_iterator<std::string>(stream), {}};
+}
+
+bool IsTicketKey(const std::string &key) {
+    for (const TicketTable &table : TicketTables()) {
+        for (const ticketData &row : table.rows) {
+            if (row.key == key) return true;
+        }
+    }
+    return false;
 }
 
 // What an option with one value becomes.
@@ -49,6 +61,26 @@ TEST(ShortOptions, RowsFitAPPD) {
     }
     EXPECT_EQ(FindShortOption("kvprintmode"), &kShortOptions[0]);
     EXPECT_EQ(FindShortOption("KVPrint"), nullptr);
+}
+
+TEST(ShortOptions, AddKeysThatAModuleReads) {
+    EXPECT_FALSE(IsTicketKey(KV_TICKET "NoSuchKey"));
+    for (std::size_t i = 0; i < kShortOptionCount; i++) {
+        for (const auto &[choice, keys] : kShortOptions[i].becomes) {
+            for (const std::string &word : Words(keys ? keys : "")) {
+                EXPECT_TRUE(IsTicketKey(KV_TICKET + word.substr(0, word.find('=')))) << word;
+            }
+        }
+    }
+    for (const char *key :
+         {kPrintTypeTicketKey, kPrintTypeUserNameTicketKey, kPrintTypePasswordTicketKey,
+          kDocumentNameTypeTicketKey, kDocumentNameTicketKey, kDelayPrintTicketKey,
+          kPrintTypeMBNTicketKey, kPrintTypeMBNPasswordTicketKey}) {
+        EXPECT_TRUE(IsTicketKey(key)) << key;
+    }
+    for (const char *const *key = kQueueTicketKeys; *key; key++) {
+        EXPECT_TRUE(IsTicketKey(*key)) << *key;
+    }
 }
 
 TEST(ShortOptions, ExamplesAreUnderstood) {
