@@ -76,9 +76,13 @@ class QueueTest(unittest.TestCase):
         for path in sorted(ppd("kv1010p").parent.glob("*.ppd")):
             with self.subTest(ppd=path.name):
                 job = self.scheduler.add_queue(path.stem, path).print(sample("report"))
-                output = job.output()
-                self.assertTrue(output.startswith(b"\x1b%-12345X@PJL JOB MODE=PRINTER\r\n"))
-                self.assertTrue(output.endswith(b"\x1b%-12345X@PJL EOJ\n"))
+                front, enter, rest = job.output().partition(ENTER_POSTSCRIPT.encode())
+                self.assertTrue(front.startswith(JOB_MODE.encode()), front)
+                self.assertTrue(all(line.startswith((b"@PJL ", b"\x1b%-12345X@PJL "))
+                                    for line in front.splitlines()), front)
+                document = job.document()
+                lines = document[:document.rfind(b"\n") + 1]
+                self.assertIn(rest, (lines + b"\x04" + TRAILER, lines + TRAILER))
 
 
 if __name__ == "__main__":
