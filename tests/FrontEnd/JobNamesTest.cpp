@@ -61,6 +61,10 @@ TEST(JobNames, LongNamesLeaveTheirLinesWhole) {
     EXPECT_EQ(StdUserName, umlauts.substr(0, 200));
     EXPECT_EQ(StdJBAUserName, umlauts.substr(0, 32));
     EXPECT_EQ(StdDocumentName, umlauts.substr(0, 200));
+    const std::string letters(300, 'a');
+    Set("", letters.c_str(), letters.c_str());
+    EXPECT_EQ(StdUserName, letters.substr(0, 200));
+    EXPECT_EQ(StdDocumentName, letters.substr(0, 200));
     Set(kUTF8, ("a" + umlauts).c_str());
     EXPECT_EQ(StdJBAUserName, ("a" + umlauts).substr(0, 31)) << "no half letter";
 }
