@@ -87,6 +87,7 @@ bool StoreStructuredDocument(int file, const char *name, std::FILE *stored, int 
 // Sends the stored document. The job copy has it already.
 void SendDocument(std::FILE *stored) {
     DocumentReader reader(fileno(stored), DocumentReader::kPlain);
+    const RelayedDocument relayed(fileno(stored));
     DocumentPiece piece;
     while (reader.Next(piece)) {
         WriteUncopied(piece.text.data(), piece.text.size(), stdout);
@@ -97,6 +98,7 @@ void SendDocument(std::FILE *stored) {
 // The same for a document of any maker, of `pages` pages.
 void SendStructuredDocument(std::FILE *stored, int pages) {
     DocumentReader reader(fileno(stored), DocumentReader::kComments);
+    const RelayedDocument relayed(fileno(stored));
     StructuredDocument document(StructuredDocument::kFromStore, reader, stdout, pages);
     DocumentPiece piece;
     while (!OutputHasFailed(stdout) && reader.Next(piece)) {
