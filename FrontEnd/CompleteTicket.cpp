@@ -12,6 +12,7 @@
 #include "FrontEnd/PrintMode.h"
 #include "FrontEnd/QueueDefaults.h"
 #include "FrontEnd/QueueMarking.h"
+#include "FrontEnd/ShortOptionKeys.h"
 #include "FrontEnd/ShortOptions.h"
 #include "FrontEnd/Slips.h"
 #include "FrontEnd/TicketText.h"

@@ -13,48 +13,10 @@
 // options were found.
 #pragma once
 
-#include <string>
-#include <vector>
-
-enum class TicketSource { Job, ShortOption, IPPAttribute, QueueDefault, Resolved };
+#include "FrontEnd/CompletedTicket.h"
 
 // The source in words, as the messages have it: "job", "short option"...
 const char *TicketSourceName(TicketSource source);
-
-// What of a value messages may not show.
-enum class Discretion { Open, Name, Password };  // nothing; who prints what; a password
-
-// One key of the complete ticket, and why it is there.
-struct TicketEntry {
-    std::string key;
-    std::string value;  // as the completed string has it
-    TicketSource source;
-    std::string option;  // the option that caused it: the key itself, "KVPrintMode", "finishings"
-    std::string given;   // that option's value in UTF-8, as it was given
-    Discretion discretion;
-};
-
-// Something that the user asked for and did not get as asked.
-struct TicketNotice {
-    enum Kind { Dropped, Changed, Resolved, Unknown, Refused } kind;
-    std::string option;
-    std::string
-        text;  // one line, names option, value and what is allowed; no name or password in it
-};
-
-// A value that the printer's fields must have for the job to be confidential.
-struct ConfidentialValue {
-    std::string key;
-    std::string bytes;  // in the printer's encoding, or the digits of a number
-};
-
-struct CompletedTicket {
-    std::string options;               // the complete option string
-    std::vector<TicketEntry> entries;  // of every key in it, in its order
-    std::vector<TicketNotice> notices;
-    std::vector<ConfidentialValue> confidential;
-    bool refused = false;  // the job asks for confidentiality that cannot be had: print nothing
-};
 
 // Completes the ticket of the job with the filter's arguments `argv` (the first six are read) and
 // the PPD of JobPPD(), whose choices it marks; IPAddressStr is known by then. Tells nobody: see

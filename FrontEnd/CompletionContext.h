@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "FrontEnd/CompleteTicket.h"
+#include "FrontEnd/CompletedTicket.h"
 #include "FrontEnd/OptionString.h"
 
 // What a short option is.

@@ -7,7 +7,7 @@
 
 #include "CommonSource/FilterFrame/Source/BoundedText.h"
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
-#include "FrontEnd/QueueMarking.h"
+#include "FrontEnd/MarkedChoice.h"
 
 namespace {
 

@@ -75,3 +75,10 @@ void AppendOption(std::string &options, std::string_view name, std::string_view 
         options += byte;
     }
 }
+
+std::string_view NextWord(std::string_view &text) {
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    const std::string_view word = text.substr(0, text.find(' '));
+    text.remove_prefix(word.size());
+    return word;
+}

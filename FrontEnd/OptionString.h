@@ -28,3 +28,6 @@ bool IsCustomChoice(std::string_view value);
 
 // Whether two names are the same option: CUPS does not look at case.
 bool SameName(std::string_view a, std::string_view b);
+
+// The next word of `text`, up to a blank, which is left with the rest.
+std::string_view NextWord(std::string_view &text);

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "FrontEnd/QueueMarking.h"
+#include "FrontEnd/MarkedChoice.h"
 
 const char *const kQueueTicketKeys[] = {
     "KVStaple",

@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "FrontEnd/IPPAttributes.h"
+#include "FrontEnd/MarkedChoice.h"
 #include "FrontEnd/ShortOptions.h"
 
 namespace {
@@ -180,16 +181,6 @@ void ResolveConflicts(CompletionContext &context) {
 }
 
 }  // namespace
-
-std::string MarkedChoice(ppd_file_t *ppd, const char *option) {
-    const ppd_choice_t *choice = ppd ? ppdFindMarkedChoice(ppd, option) : nullptr;
-    if (!choice) return "";
-    if (!SameName(choice->choice, "Custom")) return choice->choice;
-    // The PPD's own line has the text whole, where libcups cuts it.
-    const std::string keyword = std::string("Default") + option;
-    const ppd_attr_t *line = ppdFindAttr(ppd, keyword.c_str(), nullptr);
-    return line && line->value && IsCustomChoice(line->value) ? line->value : "";
-}
 
 void MarkQueue(CompletionContext &context) {
     if (!context.ppd) return;

@@ -5,13 +5,8 @@
 // both.
 #pragma once
 
-#include <string>
-
 #include "FrontEnd/CompletionContext.h"
 
 // Marks the PPD's choices as they hold for the job. Options of the job that the PPD's choices do
 // not know are dropped, those that it forbids together are resolved as CUPS does; both are noted.
 void MarkQueue(CompletionContext &context);
-
-// The choice that is marked, "Custom." and its text for a custom one; empty if there is none.
-std::string MarkedChoice(ppd_file_t *ppd, const char *option);

@@ -5,17 +5,16 @@
 #include <charconv>
 #include <iterator>
 
-#include "CommonSource/FilterFrame/Source/JobTicket.h"
-#include "FrontEnd/Confidential.h"
-#include "FrontEnd/IPPAttributes.h"
-#include "FrontEnd/QueueMarking.h"
-#include "FrontEnd/ShortOptionFunctions.h"
-#include "FrontEnd/SpecialPageOptions.h"
-#include "FrontEnd/WatermarkOptions.h"
+#include "FrontEnd/OptionString.h"
 
 using enum OwnValue;
 
 // clang-format off
+#define KV_KEYS(...)          {__VA_ARGS__}
+#define KV_FUNCTION(function) {}
+#define KV_ELSEWHERE          {}
+#define KV_SHORT_OPTION(name, choices, own, least, most, becomes, meaning, example) \
+    {name, choices, own, least, most, becomes, meaning, example},
 const ShortOption kShortOptions[] = {
 #include "FrontEnd/ShortOptions.def"
 };
@@ -23,16 +22,6 @@ const ShortOption kShortOptions[] = {
 const std::size_t kShortOptionCount = std::size(kShortOptions);
 
 namespace {
-
-constexpr std::string_view kTicketPrefix = KV_TICKET;
-
-// The next word of `text`, which is left with the rest.
-std::string_view NextWord(std::string_view &text) {
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    const std::string_view word = text.substr(0, text.find(' '));
-    text.remove_prefix(word.size());
-    return word;
-}
 
 bool UnderstandOwnValue(const ShortOption &row, std::string_view value) {
     if (row.own == None) return false;
@@ -43,53 +32,6 @@ bool UnderstandOwnValue(const ShortOption &row, std::string_view value) {
     const char *end = value.data() + value.size();
     const auto [stop, error] = std::from_chars(value.data(), end, number);
     return error == std::errc() && stop == end && number >= row.least && number <= row.most;
-}
-
-// The keys of `value`, or null.
-const char *KeysOf(const ShortOption &row, std::string_view value) {
-    const char *own = nullptr;
-    for (const ShortOptionKeys &becomes : row.becomes) {
-        if (!becomes.choice) break;
-        if (becomes.choice == value) return becomes.keys;
-        if (std::string_view(becomes.choice) == "*") own = becomes.keys;
-    }
-    return own;
-}
-
-void AddKeysOf(const ShortOption &row, std::string_view value, CompletionContext &context) {
-    const char *keys = KeysOf(row, value);
-    std::string_view rest = keys ? keys : "";
-    for (std::string_view word; !(word = NextWord(rest)).empty();) {
-        const std::size_t equals = word.find('=');
-        const std::string key = std::string(kTicketPrefix).append(word.substr(0, equals));
-        const std::string_view text = word.substr(equals + 1);
-        if (text != "%") {
-            AddKey(context, key, text);
-        } else if (row.own == Whole) {
-            AddKey(context, key, value);
-        } else {
-            AddText(context, key, value, static_cast<std::size_t>(row.most));
-        }
-    }
-}
-
-// Takes `value` if the row allows it and says what is wrong with it otherwise.
-bool Take(CompletionContext &context, std::size_t row, TicketSource source, const char *option,
-          std::string_view value) {
-    const ShortOption &shortOption = kShortOptions[row];
-    ShortValue &found = context.shortValues[row];
-    if (UnderstandShortOption(shortOption, value, found.value)) {
-        found.source = source;
-        found.option = option;
-        found.given = value;
-        found.isGiven = true;
-        return true;
-    }
-    BeginOption(context, source, option, value, DiscretionOf(shortOption));
-    const bool confidential = IsConfidentialOption(shortOption.name);
-    Note(context, confidential ? TicketNotice::Refused : TicketNotice::Dropped,
-         "is not understood; allowed: " + AllowedValues(shortOption));
-    return false;
 }
 
 }  // namespace
@@ -135,32 +77,12 @@ std::string AllowedValues(const ShortOption &row) {
     return allowed + ", a text of at most " + std::to_string(row.most) + " bytes";
 }
 
-void FindShortOptionValues(CompletionContext &context) {
-    context.shortValues.resize(kShortOptionCount);
-    for (std::size_t row = 0; row < kShortOptionCount; row++) {
-        const char *name = kShortOptions[row].name;
-        const char *value = JobValue(context, name);
-        if (value && Take(context, row, TicketSource::ShortOption, name, value)) continue;
-        const IPPOption attribute = ShortOptionOfIPPAttribute(context, name);
-        if (attribute.value &&
-            Take(context, row, TicketSource::IPPAttribute, attribute.name, attribute.value)) {
-            continue;
-        }
-        const std::string marked = MarkedChoice(context.ppd, name);
-        if (!marked.empty()) Take(context, row, TicketSource::QueueDefault, name, marked);
+const char *ShortOptionKeysOf(const ShortOption &row, std::string_view value) {
+    const char *own = nullptr;
+    for (const ShortOptionKeys &becomes : row.becomes) {
+        if (!becomes.choice) break;
+        if (becomes.choice == value) return becomes.keys;
+        if (std::string_view(becomes.choice) == "*") own = becomes.keys;
     }
-}
-
-void AddShortOptions(CompletionContext &context) {
-    for (std::size_t row = 0; row < kShortOptionCount; row++) {
-        const ShortOption &option = kShortOptions[row];
-        const char *value = ShortOptionValue(context, option.name);
-        if (!value) continue;
-        BeginShortOption(context, option.name);
-        if (option.expand) {
-            option.expand(value, context);
-        } else {
-            AddKeysOf(option, value, context);
-        }
-    }
+    return own;
 }

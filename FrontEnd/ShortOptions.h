@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "FrontEnd/CompletionContext.h"
+#include "FrontEnd/CompletedTicket.h"
 
 // What an option takes beside its choices.
 enum class OwnValue {
@@ -18,9 +18,6 @@ enum class OwnValue {
     Secret,  // the same, a password
     Whole,   // whole number from `least` to `most`
 };
-
-// Adds the keys that `value` stands for. Returns whether it did; it has noted why not.
-using ExpandShortOption = bool (*)(const char *value, CompletionContext &context);
 
 // What one choice becomes: "Key=Text Key=Text", the keys without the prefix that they share.
 struct ShortOptionKeys {
@@ -33,8 +30,7 @@ struct ShortOption {
     const char *choices;  // blanks between; the first one is what the option is when not given
     OwnValue own;
     int least, most;
-    ShortOptionKeys becomes[4];  // ended by a null choice where there are fewer
-    ExpandShortOption expand;    // instead of `becomes`, or null
+    ShortOptionKeys becomes[4];  // ended by a null choice where there are fewer; none: by code
     const char *meaning;         // in words, for people
     const char *example;         // of its use, as lp's -o takes it
 };
@@ -55,9 +51,5 @@ Discretion DiscretionOf(const ShortOption &row);
 // What the row allows, in words: "Default, Off or a number from 1 to 99".
 std::string AllowedValues(const ShortOption &row);
 
-// Finds what each short option is, from the job, the IPP attributes and the queue; says what of it
-// is not understood.
-void FindShortOptionValues(CompletionContext &context);
-
-// Adds the keys of all that are given.
-void AddShortOptions(CompletionContext &context);
+// The keys that the row has for a value that it allows, or null.
+const char *ShortOptionKeysOf(const ShortOption &row, std::string_view value);

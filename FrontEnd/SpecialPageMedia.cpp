@@ -10,8 +10,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "FrontEnd/MarkedChoice.h"
 #include "FrontEnd/PageRanges.h"
-#include "FrontEnd/QueueMarking.h"
 #include "FrontEnd/Sheet.h"
 
 namespace {

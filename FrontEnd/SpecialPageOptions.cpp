@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
+#include "FrontEnd/MarkedChoice.h"
 #include "FrontEnd/PageRanges.h"
-#include "FrontEnd/QueueMarking.h"
 #include "FrontEnd/SpecialPageMedia.h"
 
 namespace {
