@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Tools/JobInfo/JobDecoder.h"
+#include "Tools/JobInfo/ShowJob.h"
 #include "fuzz/Fuzz.h"
 
 namespace {
@@ -59,6 +60,14 @@ struct Shown {
     bool operator==(const Shown &) const = default;
 };
 
+// Nothing that a terminal obeys may come through.
+void CheckLayout(const DecodedJob &job) {
+    const std::string text = JobAsText(job, "job", false, {.width = 80, .hasColour = false});
+    for (const char byte : text)
+        FUZZ_CHECK(static_cast<unsigned char>(byte) >= 0x20 || byte == '\n');
+    FUZZ_CHECK(!JobAsJSON(job, "job", false).empty());
+}
+
 Shown Decode(std::string_view job, std::size_t pieceSize) {
     std::string document;
     JobDecoder decoder([&](std::string_view bytes) { document += bytes; });
@@ -71,6 +80,7 @@ Shown Decode(std::string_view job, std::size_t pieceSize) {
         FUZZ_CHECK(problem.offset <= job.size());
         shown.problems.push_back(problem.text);
     }
+    CheckLayout(decoded);
     return shown;
 }
 

@@ -40,8 +40,8 @@ void InializeDescriptionTableFromFilter();
 // Reads every module's ticket values from argv[5]. Returns 1.
 int GetTicketFromPDE(char *const argv[]);
 
-// Whether the modules have read the text `text`, or the number of these digits, for `key`. They have
-// not where memory ran out, which leaves fields empty without a word.
+// Whether the modules have read the text `text`, or the number of these digits, for `key`. They
+// have not where memory ran out, which leaves fields empty without a word.
 bool TicketWasReadAs(std::string_view key, std::string_view text);
 
 // Writes the modules' PJL commands to standard output.
