@@ -2,7 +2,6 @@
 """Jobs through a real scheduler: lp, pstops, the filter, the backend."""
 
 import pathlib
-import re
 import tempfile
 import unittest
 

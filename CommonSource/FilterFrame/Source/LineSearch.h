@@ -7,9 +7,7 @@
 // `end` when nothing is found.
 #pragma once
 
-#include <cstddef>
-
-constexpr std::size_t kLookBack = 2;
+#include "CommonSource/FilterFrame/Source/LineSearchPatterns.h"
 
 struct LineSearch {
     using Search = const char *(*)(const char *from, const char *end);

@@ -9,8 +9,10 @@
 #include <string_view>
 #include <utility>
 
-#include "CommonSource/FilterFrame/Source/LineSearch.h"
 #include "Tables/SpecialLines.h"
+
+// Bytes of the longest pattern in front of its last byte: how far a search looks back.
+constexpr std::size_t kLookBack = 2;
 
 // Bytes that stand side by side; '\n' means either line end. The search stops at the last one.
 struct Pattern {
