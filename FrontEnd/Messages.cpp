@@ -56,12 +56,12 @@ void ReportError(std::string_view text) {
 }
 
 void ReportError(std::string_view text, int error) {
-    char buffer[kMessageSize];
+    char buffer[kMessageSize] = "";
     ReportError(WithCause(text, error, buffer));
 }
 
 void ReportError(std::string_view name, std::string_view what, int error) {
-    char buffer[kMessageSize];
+    char buffer[kMessageSize] = "";
     const int length = std::snprintf(buffer, sizeof buffer, "%.*s %.*s", Width(name), name.data(),
                                      Width(what), what.data());
     ReportError(Printed(buffer, length), error);
@@ -72,7 +72,7 @@ void ReportWarning(std::string_view text) {
 }
 
 void ReportWarning(std::string_view text, int error) {
-    char buffer[kMessageSize];
+    char buffer[kMessageSize] = "";
     ReportWarning(WithCause(text, error, buffer));
 }
 

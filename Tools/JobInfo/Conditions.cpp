@@ -119,7 +119,7 @@ bool IsAskedFor(const ComparationItem &item, const TicketOptions &ticket) {
 std::string CommandOf(const PrtFmtEntry &row) {
     std::string line = row.prtfmtStr;
     for (std::size_t place; (place = line.find("%c")) != line.npos;) line.replace(place, 2, "\"");
-    line = line.substr(0, line.find_first_of("\r\n"));
+    line.resize(std::min(line.size(), line.find_first_of("\r\n")));
     const PJLLine parsed = ParsePJL(line);
     std::string value(parsed.value.substr(0, parsed.value.find('"')));
     if (value.empty() || value.find('%') != value.npos) return std::string(parsed.name);

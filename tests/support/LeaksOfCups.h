@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// What the leak checker is not to report. libcups leaks a few bytes of each PPD that names something
-// twice; the filter opens one PPD, a test program many.
+// What the leak checker is not to report. libcups leaks a few bytes of each PPD that names
+// something twice; the filter opens one PPD, a test program many.
 #pragma once
 
 extern "C" const char *__lsan_default_suppressions();

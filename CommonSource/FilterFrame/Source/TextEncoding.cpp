@@ -71,7 +71,8 @@ CFStringRef CreateParenthesised(CFStringRef string, UniChar (&units)[kParenthesi
     if (isWhole) {
         for (const CFStringRef piece : {open, string, close}) CFStringAppend(whole, piece);
     }
-    for (const CFStringRef part : {open, close, isWhole ? nullptr : CFStringRef{whole}}) {
+    const CFStringRef unfinished = isWhole ? nullptr : whole;
+    for (const CFStringRef part : {open, close, unfinished}) {
         if (part) CFRelease(part);
     }
     return isWhole ? whole : nullptr;
