@@ -55,7 +55,7 @@ class OptionsExamplesTest(unittest.TestCase):
     def test_every_short_option_has_its_values_on_the_page(self):
         page = PAGE.read_text().split("## What the print dialog sends")[0]
         rows_file = (SOURCE_DIR / "FrontEnd/ShortOptions.def").read_text()
-        options = re.findall(r'^\{"(KV\w+)", "([^"]+)"', rows_file, re.MULTILINE)
+        options = re.findall(r'^KV_SHORT_OPTION\("(KV\w+)", "([^"]+)"', rows_file, re.MULTILINE)
         self.assertGreater(len(options), 20)
         for option, choices in options:
             with self.subTest(option):

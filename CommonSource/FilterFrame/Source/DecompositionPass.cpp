@@ -91,6 +91,8 @@ void SendDocument(std::FILE *stored) {
     DocumentPiece piece;
     while (reader.Next(piece)) {
         WriteUncopied(piece.text.data(), piece.text.size(), stdout);
+        // Page by page: the relay would send many at once, and a cancelled job with them.
+        if (piece.special && piece.special->stopsCancelledJob) KVfflush(stdout);
         if (EndsCancelledJob(piece)) return;
     }
 }
