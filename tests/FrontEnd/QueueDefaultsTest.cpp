@@ -3,13 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/LeaksOfCups.h"
 #include "support/TicketJob.h"
-
-// CUPS's library leaks what it makes of a PPD with presets when the PPD is closed.
-extern "C" const char *__lsan_default_suppressions();
-extern "C" const char *__lsan_default_suppressions() {
-    return "leak:_ppdCacheCreateWithPPD";
-}
 
 namespace {
 
