@@ -17,7 +17,7 @@ struct JobOption {
 
 // The options, each name once; what the job names itself comes before what the scheduler derived.
 // Throws std::bad_alloc also where CUPS's parser would lose options for want of memory.
-std::vector<JobOption> ParseOptionString(const char *options);
+std::vector<JobOption> ParseOptionString(const char *text);
 
 // Appends " name=value" so that the parser returns just that value.
 void AppendOption(std::string &options, std::string_view name, std::string_view value);

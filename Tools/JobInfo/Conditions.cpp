@@ -185,7 +185,7 @@ std::vector<NearMiss> NearMisses(const TicketOptions &ticket, const std::vector<
         for (const PrtFmtEntry &row : table.rows) {
             if (!row.comparationPara || SaysNothing(row)) continue;
             const std::string command = CommandOf(row);
-            if (written.count(command.substr(0, command.find('='))) > 0) continue;
+            if (written.contains(command.substr(0, command.find('=')))) continue;
             const std::string reason = ReasonOf(row, ticket);
             if (!reason.empty()) misses.push_back({command, row.meaning, reason});
         }

@@ -73,6 +73,17 @@ bool IsInJob(const std::vector<JobOption> &job, const std::string &name) {
                        [&](const JobOption &option) { return SameName(option.name, name); });
 }
 
+// The rows that read a key.
+std::vector<const ticketData *> RowsThatRead(const std::string &key) {
+    std::vector<const ticketData *> rows;
+    for (const TicketTable &table : TicketTables()) {
+        for (const ticketData &row : table.rows) {
+            if (row.destination && SameName(row.key, key)) rows.push_back(&row);
+        }
+    }
+    return rows;
+}
+
 // The keys that the option sets, by the rows that read them.
 void AddKeys(ExplainedOption &option, const CompletedTicket &ticket,
              const std::vector<KnownOption> &known) {
@@ -82,17 +93,14 @@ void AddKeys(ExplainedOption &option, const CompletedTicket &ticket,
         const bool isQueues = entry.source == TicketSource::QueueDefault;
         const bool isReplaced = isQueues && option.source == TicketSourceName(TicketSource::Job);
         if (!isReplaced) option.source = TicketSourceName(entry.source);
-        for (const TicketTable &table : TicketTables()) {
-            for (const ticketData &row : table.rows) {
-                if (!row.destination || !SameName(row.key, entry.key)) continue;
-                PrintedValue value = PrintedValueOf(row, values);
-                const bool isSecret =
-                    entry.discretion == Discretion::Password || IsSecretOption(known, entry.key);
-                if (isSecret && !value.text.empty()) value.text = kMask;
-                if (isReplaced) value.note = "the queue's default instead";
-                option.keys.push_back({entry.key, value.text, WordsOfChoice(row.values, value.text),
-                                       value.note, row.meaning});
-            }
+        const bool isSecret =
+            entry.discretion == Discretion::Password || IsSecretOption(known, entry.key);
+        for (const ticketData *row : RowsThatRead(entry.key)) {
+            PrintedValue value = PrintedValueOf(*row, values);
+            if (isSecret && !value.text.empty()) value.text = kMask;
+            if (isReplaced) value.note = "the queue's default instead";
+            option.keys.push_back({entry.key, value.text, WordsOfChoice(row->values, value.text),
+                                   value.note, row->meaning});
         }
     }
 }

@@ -196,8 +196,8 @@ bool DocumentReader::Recognise(const char *lineEnd, bool hasSigns, DocumentPiece
 
 // Whether the line of `text`, which is the rest of one if that was longer than the line buffer, is
 // a comment or may take the printer out of PostScript.
-bool DocumentReader::RecogniseComment(std::string_view text, DocumentPiece &line) const {
-    if (IsLineEnd(text.data()[-1])) line.comment = FindComment(text);
+bool DocumentReader::RecogniseComment(std::string_view text, DocumentPiece &line) {
+    if (IsLineEnd(*(text.data() - 1))) line.comment = FindComment(text);
     if (line.comment != Comment::kNone) {
         line.kind = DocumentPiece::kComment;
         return true;

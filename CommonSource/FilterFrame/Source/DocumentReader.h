@@ -107,7 +107,7 @@ class DocumentReader {
     const char *LineStart(const char *first, const char *end) const;
     bool FindRecognisedLine(DocumentPiece &line);
     bool Recognise(const char *lineEnd, bool hasSigns, DocumentPiece &line) const;
-    bool RecogniseComment(std::string_view text, DocumentPiece &line) const;
+    static bool RecogniseComment(std::string_view text, DocumentPiece &line);
     bool TakeRun(DocumentPiece &piece);
     bool TakeLastLine(DocumentPiece &piece);
     void PassData();

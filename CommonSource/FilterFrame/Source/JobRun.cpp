@@ -3,6 +3,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstring>
@@ -70,12 +71,11 @@ bool ReadTicket(char *argv[], CompletedTicket &ticket) {
         argv[5] = ticket.options.data();
     }
     if (GetTicketFromPDE(argv) != 1) return false;
-    for (const auto &[key, bytes] : ticket.confidential) {
-        if (TicketWasReadAs(key, bytes)) continue;
-        ReportError("no memory for the owner and the password of a confidential job");
-        return false;
-    }
-    return true;
+    const bool isWhole = std::ranges::all_of(
+        ticket.confidential,
+        [](const ConfidentialValue &value) { return TicketWasReadAs(value.key, value.bytes); });
+    if (!isWhole) ReportError("no memory for the owner and the password of a confidential job");
+    return isWhole;
 }
 
 }  // namespace

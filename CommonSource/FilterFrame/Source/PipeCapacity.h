@@ -8,7 +8,7 @@
 #include <cstddef>
 
 // Bytes that the filter's pipes hold where the system lets it choose, and that it reads at a time.
-constexpr std::size_t kPipeCapacity = 256 * 1024;
+constexpr std::size_t kPipeCapacity = std::size_t{256} * 1024;
 
 // Gives the pipe behind `file` that capacity. What is no pipe, or may not grow, stays as it is.
 void WidenPipe(int file);
