@@ -25,4 +25,4 @@ struct Command {
 int Complain(const char *name, const char *message);
 
 // Says on standard error how a command is called; returns kUnusable.
-int ComplainUsage(const char *command);
+int ComplainUsage(const char *name);

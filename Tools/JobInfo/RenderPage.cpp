@@ -53,7 +53,7 @@ std::string PageRenderer::Start() {
     return child_ < 0 ? std::strerror(errno) : "";
 }
 
-void PageRenderer::Write(std::string_view bytes) {
+void PageRenderer::Write(std::string_view bytes) const {
     while (input_ >= 0 && !bytes.empty()) {
         const ssize_t count = write(input_, bytes.data(), bytes.size());
         if (count < 0 && errno == EINTR) continue;

@@ -21,7 +21,7 @@ class PageRenderer {
     std::string Start();
 
     // Hands on a piece of the document.
-    void Write(std::string_view bytes);
+    void Write(std::string_view bytes) const;
 
     // Leaves the picture. Returns what went wrong, empty if nothing; there is no picture then.
     std::string Finish();

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "CommonSource/FilterFrame/Source/BoundedText.h"
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
 
@@ -40,7 +41,7 @@ std::string SampleDocument(const std::string &options) {
     std::size_t size = 0;
     std::FILE *stream = open_memstream(&text, &size);
     if (!stream) return "";
-    PutDocument(stream, pages && std::atoi(pages) > 1);
+    PutDocument(stream, pages && LeadingInteger(pages) > 1);
     std::fclose(stream);
     std::string document(text, size);
     std::free(text);

@@ -54,12 +54,12 @@ std::string TakeFolded(std::string_view &text, std::size_t width) {
         const std::size_t length = atBlank         ? place
                                    : lastBlank > 0 ? lastBlank
                                                    : std::max<std::size_t>(place, 1);
-        const std::string line(text.substr(0, length));
+        std::string line(text.substr(0, length));
         text.remove_prefix(length);
         text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
         return line;
     }
-    const std::string line(text);
+    std::string line(text);
     text = {};
     return line;
 }
