@@ -7,6 +7,8 @@
 
 #include <cctype>
 #include <cmath>
+#include <cstdint>
+#include <iterator>
 #include <sstream>
 #include <string>
 
@@ -67,6 +69,23 @@ TEST(FontMetrics, AreThoseOfTheFonts) {
             EXPECT_NEAR(box.top, top, 60);
         }
         EXPECT_EQ(letters, 191);
+    }
+}
+
+// Ghostscript's letters are only nearly those: a slip in a number would not show above.
+TEST(FontMetrics, NoNumberChangesUnnoticed) {
+    constexpr std::uint32_t kSums[] = {0x08612044, 0x015B39BC, 0x81C00A30,
+                                       0xC2511DC3, 0xE1CDC63A, 0xEAE027E4};
+    for (size_t i = 0; i < std::size(kNames); i++) {
+        const GlyphMetrics *glyphs = FindFont(kNames[i])->glyphs;
+        std::uint32_t sum = 0;
+        for (int letter = 0; letter < 191; letter++) {
+            const auto &[width, left, bottom, right, top] = glyphs[letter];
+            for (const int number : {width, left, bottom, right, top}) {
+                sum = sum * 31 + static_cast<std::uint32_t>(number);
+            }
+        }
+        EXPECT_EQ(sum, kSums[i]) << kNames[i];
     }
 }
 
