@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstring>
 
 #include "FrontEnd/Confidential.h"
 #include "FrontEnd/QueueDefaults.h"
@@ -43,6 +44,9 @@ const char *Nearest(const std::vector<const char *> &names, std::string_view nam
     const char *nearest = nullptr;
     distance = kMostSlip + 1;
     for (const char *known : names) {
+        // Each letter by which one is longer has to be added.
+        const auto [least, most] = std::minmax({std::strlen(known), name.size()});
+        if (most - least >= distance) continue;
         const std::size_t slip = SlipDistance(known, name);
         if (slip < distance) nearest = known, distance = slip;
     }

@@ -203,7 +203,7 @@ bool DocumentReader::RecogniseComment(std::string_view text, DocumentPiece &line
         return true;
     }
     if (text.find(kUniversalExit) == text.npos) return false;
-    line.kind = DocumentPiece::kUniversalExit;
+    line.kind = DocumentPiece::kExit;
     return true;
 }
 

@@ -49,9 +49,9 @@ struct DocumentPiece {
         kFeature,   // a line that begins with "%%BeginFeature:"
         kSettings,  // a line with screen or colour-rendering settings
         // In the modes that know comments:
-        kComment,        // a line that begins with `comment`
-        kUniversalExit,  // a line that holds the sequence that ends a printer language
-        kLine,           // a line that was asked for and is none of the others
+        kComment,  // a line that begins with `comment`
+        kExit,     // a line that holds the sequence that ends a printer language
+        kLine,     // a line that was asked for and is none of the others
     };
     Kind kind;
     std::string_view text;       // line ends included; valid until the next call

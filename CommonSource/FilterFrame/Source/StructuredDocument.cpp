@@ -16,7 +16,7 @@ StructuredDocument::StructuredDocument(Way way, DocumentReader &reader, std::FIL
 }
 
 bool StructuredDocument::Put(const DocumentPiece &piece) {
-    if (piece.kind != DocumentPiece::kUniversalExit && !foreignPJL_.IsOpen()) {
+    if (piece.kind != DocumentPiece::kExit && !foreignPJL_.IsOpen()) {
         return PutDocument(piece);
     }
     std::string_view text = piece.text;

@@ -8,7 +8,7 @@
 
 #include "CommonSource/FilterFrame/Source/DocumentReader.h"
 #include "FrontEnd/ForeignPJL.h"
-#include "support/Feeder.h"
+#include "support/DocumentContents.h"
 #include "support/RandomDocument.h"
 
 using namespace std::string_literals;
@@ -16,18 +16,6 @@ using namespace std::string_literals;
 namespace {
 
 using Kind = DocumentPiece::Kind;
-
-// The recognised lines with the place of each, and all that is handed out.
-struct Contents {
-    std::string text;
-    std::vector<std::tuple<std::size_t, Kind, std::string>> lines;
-    bool operator==(const Contents &) const = default;
-
-    void Add(Kind kind, const std::string &line) {
-        if (kind != Kind::kRun && kind != Kind::kLine) lines.emplace_back(text.size(), kind, line);
-        text += line;
-    }
-};
 
 // `isWhole` is false for the rest of a line that is longer than the line buffer.
 Kind KindOf(const std::string &line, bool isWhole) {
@@ -37,7 +25,7 @@ Kind KindOf(const std::string &line, bool isWhole) {
         }
     }
     // The search sees the sequence wherever it stands.
-    if (line.find("\x1b%-12345X") != line.npos) return Kind::kUniversalExit;
+    if (line.find("\x1b%-12345X") != line.npos) return Kind::kExit;
     for (const SpecialLine &special : specialLines) {
         const bool isComment = special.text.starts_with("%%");
         if (special.text == line && (isWhole || !isComment)) return Kind::kSpecial;
@@ -46,8 +34,8 @@ Kind KindOf(const std::string &line, bool isWhole) {
 }
 
 // Byte by byte.
-Contents Expected(const std::string &document) {
-    Contents contents;
+DocumentContents Expected(const std::string &document) {
+    DocumentContents contents;
     std::string line;
     bool isWhole = true;
     for (const char byte : document) {
@@ -66,24 +54,9 @@ Contents Expected(const std::string &document) {
     return contents;
 }
 
-Contents Read(DocumentReader &reader) {
-    Contents contents;
-    DocumentPiece piece;
-    while (reader.Next(piece)) {
-        EXPECT_FALSE(piece.text.empty());
-        EXPECT_EQ(piece.special != nullptr, piece.kind == Kind::kSpecial);
-        EXPECT_EQ(piece.comment != Comment::kNone, piece.kind == Kind::kComment);
-        contents.Add(piece.kind, std::string(piece.text));
-    }
-    EXPECT_FALSE(reader.Next(piece));
-    return contents;
-}
-
-Contents ReadInPieces(const std::string &document, const std::vector<std::size_t> &sizes,
-                      const LineSearch &search) {
-    const Feeder feeder(document, sizes);
-    DocumentReader reader(feeder.ReadEnd(), DocumentReader::kComments, nullptr, search);
-    return Read(reader);
+DocumentContents ReadInPieces(const std::string &document, const std::vector<std::size_t> &sizes,
+                              const LineSearch &search) {
+    return ReadInPieces(document, sizes, DocumentReader::kComments, search);
 }
 
 std::vector<std::string> CommentLines() {
@@ -99,14 +72,7 @@ std::vector<std::string> CommentLines() {
 
 class DocumentReaderCommentsTest : public testing::TestWithParam<const LineSearch *> {};
 
-std::vector<const LineSearch *> Searches() {
-    std::vector<const LineSearch *> searches;
-    for (const LineSearch *const *s = AllLineSearches(); *s; s++) searches.push_back(*s);
-    return searches;
-}
-
-INSTANTIATE_TEST_SUITE_P(Variants, DocumentReaderCommentsTest, testing::ValuesIn(Searches()),
-                         [](const auto &variant) { return std::string(variant.param->name); });
+INSTANTIATE_WITH_SEARCHES(DocumentReaderCommentsTest);
 
 TEST_P(DocumentReaderCommentsTest, FindsEveryCommentAtEveryPlaceInAVector) {
     for (const std::string &line : CommentLines()) {
@@ -125,7 +91,8 @@ TEST_P(DocumentReaderCommentsTest, ReadsHostileDocumentsAsTheDescriptionDoes) {
         SCOPED_TRACE(seed);
         RandomDocument random(seed, CommentLines());
         const std::string document = random.Make(40);
-        const Contents contents = ReadInPieces(document, cuts[seed % cuts.size()], *GetParam());
+        const DocumentContents contents =
+            ReadInPieces(document, cuts[seed % cuts.size()], *GetParam());
         EXPECT_TRUE(contents == Expected(document));
         EXPECT_EQ(contents.text, document);
         EXPECT_GT(contents.lines.size(), 0U);
@@ -155,7 +122,7 @@ TEST(DocumentReaderComments, StandBesideFeaturesAndSettings) {
         "%%BeginSetup\n%%BeginFeature: *A B\n/TCPR 1 /GCPR 2 /ICPR 3\n%%EndSetup\n%%Page: 1 1";
     const Feeder feeder(document, {1000});
     DocumentReader reader(feeder.ReadEnd(), DocumentReader::kFeaturesAndComments);
-    const Contents contents = Read(reader);
+    const DocumentContents contents = ReadContents(reader);
     EXPECT_EQ(contents.text, document);
     std::vector<Kind> kinds;
     for (const auto &line : contents.lines) kinds.push_back(std::get<1>(line));

@@ -4,26 +4,13 @@
 #include <gtest/gtest.h>
 
 #include "CommonSource/FilterFrame/Source/DocumentReader.h"
+#include "support/DocumentContents.h"
 #include "support/FeatureLines.h"
-#include "support/Feeder.h"
 #include "support/RandomDocument.h"
 
 using namespace std::string_literals;
 
 namespace {
-
-// The recognised lines with the place of each, all that is handed out, and the last byte.
-struct Contents {
-    std::string text;
-    std::vector<std::tuple<std::size_t, DocumentPiece::Kind, std::string>> lines;
-    int lastByte;
-    bool operator==(const Contents &) const = default;
-
-    void Add(DocumentPiece::Kind kind, const std::string &line) {
-        if (kind != DocumentPiece::kRun) lines.emplace_back(text.size(), kind, line);
-        text += line;
-    }
-};
 
 bool HoldsAll(const std::string &line, std::initializer_list<const char *> names) {
     for (const char *name : names) {
@@ -45,8 +32,9 @@ DocumentPiece::Kind KindOf(const std::string &line) {
 }
 
 // Byte by byte, but for the last.
-Contents Expected(const std::string &document) {
-    Contents contents{"", {}, document.empty() ? -1 : static_cast<unsigned char>(document.back())};
+DocumentContents Expected(const std::string &document) {
+    DocumentContents contents;
+    if (!document.empty()) contents.lastByte = static_cast<unsigned char>(document.back());
     std::string line;
     for (std::size_t i = 0; i + 1 < document.size(); i++) {
         line += document[i];
@@ -61,31 +49,14 @@ Contents Expected(const std::string &document) {
     return contents;
 }
 
-Contents ReadInPieces(const std::string &document, const std::vector<std::size_t> &sizes,
-                      const LineSearch &search) {
-    const Feeder feeder(document, sizes);
-    DocumentReader reader(feeder.ReadEnd(), DocumentReader::kFeatures, nullptr, search);
-    Contents contents{};
-    DocumentPiece piece;
-    while (reader.Next(piece)) {
-        EXPECT_FALSE(piece.text.empty());
-        EXPECT_EQ(piece.special != nullptr, piece.kind == DocumentPiece::kSpecial);
-        contents.Add(piece.kind, std::string(piece.text));
-    }
-    contents.lastByte = reader.LastByte();
-    return contents;
+DocumentContents ReadInPieces(const std::string &document, const std::vector<std::size_t> &sizes,
+                              const LineSearch &search) {
+    return ReadInPieces(document, sizes, DocumentReader::kFeatures, search);
 }
 
 class DocumentReaderFeaturesTest : public testing::TestWithParam<const LineSearch *> {};
 
-std::vector<const LineSearch *> Searches() {
-    std::vector<const LineSearch *> searches;
-    for (const LineSearch *const *s = AllLineSearches(); *s; s++) searches.push_back(*s);
-    return searches;
-}
-
-INSTANTIATE_TEST_SUITE_P(Variants, DocumentReaderFeaturesTest, testing::ValuesIn(Searches()),
-                         [](const auto &variant) { return std::string(variant.param->name); });
+INSTANTIATE_WITH_SEARCHES(DocumentReaderFeaturesTest);
 
 TEST_P(DocumentReaderFeaturesTest, FindsLinesAtEveryPlaceInAVector) {
     for (const std::string line :
@@ -109,7 +80,7 @@ TEST_P(DocumentReaderFeaturesTest, ReadsHostileDocumentsAsTheDescriptionDoes) {
         RandomDocument random(seed, FeatureLines());
         const std::string document = random.Make(40);
         const auto &sizes = cuts[seed % cuts.size()];
-        const Contents contents = ReadInPieces(document, sizes, *GetParam());
+        const DocumentContents contents = ReadInPieces(document, sizes, *GetParam());
         EXPECT_TRUE(contents == Expected(document));
         EXPECT_GT(contents.lines.size(), 0U);
     }
@@ -130,7 +101,7 @@ TEST_P(DocumentReaderFeaturesTest, SeesNoSettingsAcrossACut) {
     const std::string settings = "/TCPR 1 /GCPR 2 /ICPR 3";
     for (std::size_t inFront = 0; inFront <= settings.size(); inFront++) {
         const std::string document = std::string(8065 - inFront, 'x') + settings + "\n\n";
-        const Contents contents = ReadInPieces(document, {100, 8065}, *GetParam());
+        const DocumentContents contents = ReadInPieces(document, {100, 8065}, *GetParam());
         EXPECT_TRUE(contents == Expected(document));
         // All three names must lie behind the cut, or in front of it with no line end to complete.
         EXPECT_EQ(contents.lines.size(), inFront <= 1 ? 1U : 0U) << inFront;
@@ -143,7 +114,7 @@ TEST_P(DocumentReaderFeaturesTest, WithholdsTheLastByte) {
           "a\nep"s, "a\nep\r\n"s, std::string(8064, 'x'), std::string(8065, 'x'),
           std::string(8066, 'x'), std::string(8064, 'x') + "\n", std::string(8065, 'x') + "\n"}) {
         for (const std::size_t size : {1U, 2U, 100000U}) {
-            const Contents contents = ReadInPieces(document, {size}, *GetParam());
+            const DocumentContents contents = ReadInPieces(document, {size}, *GetParam());
             EXPECT_TRUE(contents == Expected(document)) << document.substr(0, 10);
         }
     }

@@ -4,22 +4,14 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 
-#include "support/Feeder.h"
+#include "support/DocumentContents.h"
 #include "support/RandomDocument.h"
 
 namespace {
 
-// What a document consists of: its special lines with the place of each, and all that is handed
-// out.
-struct Contents {
-    std::string text;
-    std::vector<std::pair<std::size_t, std::string>> specials;
-    bool operator==(const Contents &) const = default;
-};
-
 // Byte by byte.
-Contents Expected(const std::string &document) {
-    Contents contents;
+DocumentContents Expected(const std::string &document) {
+    DocumentContents contents;
     std::string line;
     for (char byte : document) {
         if (byte != '\n' && byte != '\r') {
@@ -30,44 +22,21 @@ Contents Expected(const std::string &document) {
             }
             continue;
         }
-        if (FindSpecialLine(line)) contents.specials.emplace_back(contents.text.size(), line);
-        contents.text += line + byte;
+        const bool isSpecial = FindSpecialLine(line) != nullptr;
+        contents.Add(isSpecial ? DocumentPiece::kSpecial : DocumentPiece::kRun, line + byte);
         line.clear();
     }
     return contents;
 }
 
-Contents Read(DocumentReader &reader) {
-    Contents contents;
-    DocumentPiece piece;
-    while (reader.Next(piece)) {
-        EXPECT_FALSE(piece.text.empty());
-        if (piece.kind == DocumentPiece::kSpecial) {
-            EXPECT_EQ(piece.special->text, piece.text.substr(0, piece.text.size() - 1));
-            contents.specials.emplace_back(contents.text.size(), piece.special->text);
-        }
-        contents.text += piece.text;
-    }
-    return contents;
-}
-
-Contents ReadInPieces(const std::string &document, const std::vector<std::size_t> &sizes,
-                      const LineSearch &search) {
-    const Feeder feeder(document, sizes);
-    DocumentReader reader(feeder.ReadEnd(), DocumentReader::kPlain, nullptr, search);
-    return Read(reader);
+DocumentContents ReadInPieces(const std::string &document, const std::vector<std::size_t> &sizes,
+                              const LineSearch &search) {
+    return ReadInPieces(document, sizes, DocumentReader::kPlain, search);
 }
 
 class DocumentReaderTest : public testing::TestWithParam<const LineSearch *> {};
 
-std::vector<const LineSearch *> Searches() {
-    std::vector<const LineSearch *> searches;
-    for (const LineSearch *const *s = AllLineSearches(); *s; s++) searches.push_back(*s);
-    return searches;
-}
-
-INSTANTIATE_TEST_SUITE_P(Variants, DocumentReaderTest, testing::ValuesIn(Searches()),
-                         [](const auto &variant) { return std::string(variant.param->name); });
+INSTANTIATE_WITH_SEARCHES(DocumentReaderTest);
 
 TEST_P(DocumentReaderTest, FindsEverySpecialLineAtEveryPlaceInAVector) {
     for (const SpecialLine &special : specialLines) {
@@ -75,8 +44,9 @@ TEST_P(DocumentReaderTest, FindsEverySpecialLineAtEveryPlaceInAVector) {
             const std::string document = std::string(before, '-') + "\n" +
                                          std::string(special.text) + "\n" +
                                          std::string(before, 'p') + "\n";
-            EXPECT_EQ(ReadInPieces(document, {1000}, *GetParam()), Expected(document));
-            EXPECT_EQ(Expected(document).specials.size(), 1U);
+            EXPECT_TRUE(ReadInPieces(document, {1000}, *GetParam()) == Expected(document))
+                << special.text;
+            EXPECT_EQ(Expected(document).lines.size(), 1U);
         }
     }
 }
@@ -89,9 +59,9 @@ TEST_P(DocumentReaderTest, ReadsHostileDocumentsAsTheDescriptionDoes) {
         RandomDocument random(seed);
         const std::string document = random.Make(40);
         const auto &sizes = cuts[seed % cuts.size()];
-        const Contents contents = ReadInPieces(document, sizes, *GetParam());
+        const DocumentContents contents = ReadInPieces(document, sizes, *GetParam());
         EXPECT_TRUE(contents == Expected(document));
-        EXPECT_GT(contents.specials.size(), 0U);
+        EXPECT_GT(contents.lines.size(), 0U);
     }
 }
 
@@ -106,9 +76,9 @@ TEST_P(DocumentReaderTest, CutsLinesAtTheFullLineBuffer) {
     }
     // Behind a cut, the rest of the line is a line of its own.
     const std::string document = std::string(2 * 8065, 'x') + "ep\n";
-    const Contents contents = ReadInPieces(document, {100000}, *GetParam());
-    ASSERT_EQ(contents.specials.size(), 1U);
-    EXPECT_EQ(contents.specials[0].first, 2 * 8065U);
+    const DocumentContents contents = ReadInPieces(document, {100000}, *GetParam());
+    ASSERT_EQ(contents.lines.size(), 1U);
+    EXPECT_EQ(std::get<0>(contents.lines[0]), 2 * 8065U);
 }
 
 TEST_P(DocumentReaderTest, DropsATailWithoutLineEnd) {
@@ -125,11 +95,11 @@ TEST(DocumentReader, RecognisesOnlyWholeLines) {
     for (const char *line : {"%%EndSetup ", " %%EndSetup", "%%endsetup", "%%EndSetup%", "EP", "epp",
                              "eep", "e p", "showpage;", "userdict/setpagedevice{pop}bind  put"}) {
         const std::string document = std::string(line) + "\n";
-        EXPECT_TRUE(ReadInPieces(document, {64}, BestLineSearch()).specials.empty()) << line;
+        EXPECT_TRUE(ReadInPieces(document, {64}, BestLineSearch()).lines.empty()) << line;
     }
     using namespace std::string_literals;
-    EXPECT_TRUE(ReadInPieces("ep\0\n"s, {64}, BestLineSearch()).specials.empty());
-    EXPECT_TRUE(ReadInPieces("\0ep\n"s, {64}, BestLineSearch()).specials.empty());
+    EXPECT_TRUE(ReadInPieces("ep\0\n"s, {64}, BestLineSearch()).lines.empty());
+    EXPECT_TRUE(ReadInPieces("\0ep\n"s, {64}, BestLineSearch()).lines.empty());
 }
 
 TEST(DocumentReader, HandsOutRunsWhole) {
