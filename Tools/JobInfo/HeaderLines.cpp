@@ -16,6 +16,14 @@ bool IsLimit(std::size_t length) {
     return std::find(std::begin(kLimits), std::end(kLimits), length) != std::end(kLimits);
 }
 
+// Whether `place` lies in a value between quotation marks: the second one ends the line. After a
+// value that is missing or cut comes none, or the two of another command.
+bool IsQuoted(std::string_view text, std::size_t place) {
+    const std::string_view before = text.substr(0, place);
+    const bool isOpen = std::count(before.begin(), before.end(), '"') % 2 != 0;
+    return isOpen && text.find('"', place) == text.size() - 1;
+}
+
 // The length of the command that `text` begins with and that another follows in the same line; 0
 // if the line is one command. A value may speak of "@PJL" too: only where one is missing, or at the
 // limit, does it begin a command.
@@ -23,7 +31,7 @@ std::size_t PartialLength(std::string_view text) {
     for (std::size_t place = 1; (place = text.find("@PJL ", place)) != text.npos; place++) {
         const std::string_view before = text.substr(0, place);
         const bool lacksValue = before.ends_with("JOBATTR=\"") || before.ends_with('=');
-        if (IsLimit(place) || lacksValue) return place;
+        if ((IsLimit(place) || lacksValue) && !IsQuoted(text, place)) return place;
     }
     return 0;
 }

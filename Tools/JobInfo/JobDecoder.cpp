@@ -212,7 +212,7 @@ void JobDecoder::TakeTrailer(std::string_view line, std::uint64_t offset) {
 void JobDecoder::TakeRest(std::string_view line, std::uint64_t offset) {
     if (line.starts_with(kExitLanguage) || line.starts_with(kXML)) {
         Report(kProblemSecondJob, offset,
-               "a second job begins behind the first, at byte " + std::to_string(offset));
+               "a second job begins after the first, at byte " + std::to_string(offset));
         state_ = State::kOver;
         return;
     }
@@ -257,7 +257,7 @@ const DecodedJob &JobDecoder::Finish() {
     CheckEnd();
     if (bytesAfter_ > 0) {
         Report(kProblemBytesAfter, bytesAfterOffset_,
-               Count(bytesAfter_, "byte") + " stand behind the trailer");
+               Count(bytesAfter_, "byte") + " stand after the trailer");
     }
     if (job_.linesLeftOut > 0) {
         Report(
