@@ -10,9 +10,8 @@
 #include "Modules/SpecialPage/SpecialPageDocument.h"
 #include "Modules/SpecialPage/SpecialPageTicket.h"
 #include "support/CaptureOutput.h"
-#include "support/CompleteJob.h"
 #include "support/LeaksOfCups.h"
-#include "support/Ppd.h"
+#include "support/TicketJob.h"
 
 namespace {
 
@@ -29,16 +28,21 @@ constexpr char kMediaAndDuplex[] =
     "*CloseUI: *Duplex\n";
 
 CompletedTicket Complete(const std::string &options, const std::string &lines = "") {
-    return CompleteJob(options, PpdWith(lines));
+    return Complete(TicketJob{options, lines});
 }
 
 // The values of one kind under their numbers, then the count; empty if there are none.
 std::vector<std::string> ValuesOf(const CompletedTicket &ticket, const std::string &kind) {
+    const TicketOptions options(ticket.options.c_str());
+    const auto value = [&](const std::string &name) {
+        const std::string key = KV_TICKET "KPIF" + kind + name;
+        return cupsGetOption(key.c_str(), options.count, options.list);
+    };
     std::vector<std::string> values;
-    const std::string count = TicketKey(ticket, "KPIF" + kind + "CountTicket");
-    if (count == "absent") return values;
-    for (int i = 0; i < std::stoi(count); i++) {
-        values.push_back(TicketKey(ticket, "KPIF" + kind + "ValueTicket_" + std::to_string(i)));
+    const char *count = value("CountTicket");
+    for (int i = 0; count && i < std::stoi(count); i++) {
+        const char *found = value("ValueTicket_" + std::to_string(i));
+        values.emplace_back(found ? found : "absent");
     }
     return values;
 }
@@ -47,14 +51,14 @@ using Values = std::vector<std::string>;
 
 Values Insertions(const std::string &value) {
     const CompletedTicket ticket = Complete("KVInsert=" + value);
-    EXPECT_EQ(Notices(ticket), "");
+    EXPECT_EQ(Said(ticket), "");
     return ValuesOf(ticket, "Insertion");
 }
 
 Values Exceptions(const std::string &value, const std::string &options = "",
                   const std::string &lines = "") {
     const CompletedTicket ticket = Complete("KVException=" + value + " " + options, lines);
-    EXPECT_EQ(Notices(ticket), "");
+    EXPECT_EQ(Said(ticket), "");
     return ValuesOf(ticket, "Exception");
 }
 
@@ -129,7 +133,7 @@ TEST(SpecialPageOptions, SizesAreNamedByThePPDOrByIPP) {
 
 TEST(SpecialPageOptions, TextsCannotBreakTheDocument) {
     const CompletedTicket ticket = Complete("KVFrontCover=</kpif>&grün€😀");
-    EXPECT_EQ(Notices(ticket), "");
+    EXPECT_EQ(Said(ticket), "");
     EXPECT_EQ(ValuesOf(ticket, "Cover")[0],
               "0,1,print-none,&#60;/kpif&#62;&#38;gr&#252;n&#8364;&#128512;,white,21000,29700");
     EXPECT_NE(Document(ticket).find("<media-type syntax=\"keyword\">&#60;/kpif&#62;&#38;gr&#252;n"

@@ -12,10 +12,9 @@
 #include "FrontEnd/FontMetrics.h"
 #include "Modules/Watermark/WatermarkPosition.h"
 #include "Modules/Watermark/WatermarkTicket.h"
-#include "support/CompleteJob.h"
 #include "support/LeaksOfCups.h"
-#include "support/Ppd.h"
 #include "support/TicketFields.h"
+#include "support/TicketJob.h"
 
 namespace {
 
@@ -43,11 +42,11 @@ constexpr char kSheets[] =
     "*ParamCustomPageSize Height: 2 points 1 9999\n";
 
 CompletedTicket Complete(const std::string &options) {
-    return CompleteJob(options, PpdWith(kSheets));
+    return Complete(TicketJob{options, kSheets});
 }
 
 std::string Key(const CompletedTicket &ticket, const std::string &name) {
-    return TicketKey(ticket, "WMARK" + name + "Ticket");
+    return Value(ticket, "*WMARK" + name + "Ticket");
 }
 
 struct Point {
@@ -117,7 +116,7 @@ void ExpectMiddle(const Stamp &stamp, double x, double y) {
 
 TEST(WatermarkOptions, DraftHasAllThatTheModuleReads) {
     const CompletedTicket ticket = Complete("KVWatermark=Draft");
-    EXPECT_EQ(Notices(ticket), "");
+    EXPECT_EQ(Said(ticket), "");
     const struct {
         const char *name, *value;
     } keys[] = {
@@ -150,7 +149,7 @@ TEST(WatermarkOptions, EveryChoiceIsUsed) {
     const auto key = [](const std::string &option, const char *name) {
         const CompletedTicket ticket =
             Complete("KVWatermark=Copy KVWatermarkStyle=Filled " + option);
-        EXPECT_EQ(Notices(ticket), "") << option;
+        EXPECT_EQ(Said(ticket), "") << option;
         return Key(ticket, name);
     };
     EXPECT_EQ(key("", "Text"), "(COPY)");
@@ -197,7 +196,7 @@ TEST(WatermarkOptions, WhatIsNotUnderstoodIsNamedAndTakesItsDefault) {
           "KVWatermarkAngle=361", "KVWatermarkAngle=North", "KVWatermarkColor=Pink",
           "KVWatermarkDensity=0", "KVWatermarkDensity=101", "KVWatermarkPages=Last"}) {
         const CompletedTicket ticket = Complete(std::string("KVWatermark=Draft ") + option);
-        EXPECT_NE(Notices(ticket).find(option), std::string::npos) << Notices(ticket);
+        EXPECT_NE(Said(ticket).find(option), std::string::npos) << Said(ticket);
         EXPECT_EQ(Key(ticket, "FontSize"), "237") << option;
         EXPECT_EQ(Key(ticket, "Angle"), "55") << option;
         EXPECT_EQ(Key(ticket, "Density"), "40") << option;
@@ -267,7 +266,7 @@ TEST(WatermarkOptions, RunsAlongTheDiagonalOfThePage) {
 
 TEST(WatermarkOptions, ATextTooLargeIsMadeToFit) {
     const CompletedTicket ticket = Complete("KVWatermark=Confidential KVWatermarkSize=200");
-    EXPECT_EQ(Notices(ticket),
+    EXPECT_EQ(Said(ticket),
               "KVWatermark=Confidential is 122 points large; 200 do not fit the sheet\n");
     EXPECT_EQ(Key(ticket, "FontSize"), "122");
     EXPECT_TRUE(Stamp(ticket).LiesIn(0, 0, 595, 842));
@@ -303,13 +302,13 @@ TEST(WatermarkOptions, NumbersAreSane) {
 }
 
 TEST(WatermarkOptions, WhatCannotBeStampedIsSaid) {
-    EXPECT_EQ(Notices(Complete("KVWatermark=日本")),
+    EXPECT_EQ(Said(Complete("KVWatermark=日本")),
               "KVWatermark=日本 has no letters that the printer knows\n");
     EXPECT_EQ(Key(Complete("KVWatermark=日本"), "Name"), "absent");
-    EXPECT_EQ(Notices(Complete("KVWatermark=3€")),
+    EXPECT_EQ(Said(Complete("KVWatermark=3€")),
               "KVWatermark=3€ loses the letters that the printer does not know\n");
     EXPECT_EQ(Key(Complete("KVWatermark=3€ KVWatermarkStyle=Filled"), "Text"), "(3)");
-    EXPECT_EQ(Notices(Complete("KVWatermark=Draft PageSize=Tiny")),
+    EXPECT_EQ(Said(Complete("KVWatermark=Draft PageSize=Tiny")),
               "KVWatermark=Draft does not fit the sheet\n");
     EXPECT_EQ(Key(Complete("KVWatermark=Draft PageSize=Tiny"), "Name"), "absent");
 }
@@ -317,7 +316,7 @@ TEST(WatermarkOptions, WhatCannotBeStampedIsSaid) {
 TEST(WatermarkOptions, LettersOfLatin1ArriveWhole) {
     const CompletedTicket ticket =
         Complete("KVWatermark='Entwurf für Müller (100 %)' KVWatermarkStyle=Filled");
-    EXPECT_EQ(Notices(ticket), "");
+    EXPECT_EQ(Said(ticket), "");
     ReadTicket(WatermarkGetTicketFromPDE, ticket.options);
     EXPECT_STREQ(psOptionWatermark.text, "(Entwurf f\\374r M\\374ller \\050100 \\045\\051)");
     EXPECT_EQ(std::string(psOptionWatermark.font).substr(0, 22), "Helvetica-Bold-Latin1 ");
@@ -336,7 +335,7 @@ TEST(WatermarkOptions, ALongTextLosesItsEnd) {
     for (const char *style : {"Outline", "Filled"}) {
         const CompletedTicket ticket = Complete("KVWatermark='" + std::string(100, '%') +
                                                 "' KVWatermarkSize=1 KVWatermarkStyle=" + style);
-        EXPECT_NE(Notices(ticket).find(" is too long and loses its end\n"), std::string::npos);
+        EXPECT_NE(Said(ticket).find(" is too long and loses its end\n"), std::string::npos);
         ReadTicket(WatermarkGetTicketFromPDE, ticket.options);
         EXPECT_EQ(psOptionWatermark.text, Key(ticket, "Text"));
         EXPECT_EQ(std::string(psOptionWatermark.text).back(), ')');

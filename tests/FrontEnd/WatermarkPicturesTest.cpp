@@ -13,10 +13,10 @@
 #include <string>
 #include <vector>
 
-#include "support/CompleteJob.h"
 #include "support/Ghostscript.h"
 #include "support/PsToPs.h"
 #include "support/RunFilter.h"
+#include "support/TicketJob.h"
 
 namespace {
 
@@ -111,7 +111,7 @@ bool IsUpright(const RenderedPage &bare, double degrees) {
 }
 
 double Angle(const std::string &options) {
-    return std::stod(TicketKey(CompleteJob(options, QueuePPD()), "WMARKAngleTicket"));
+    return std::stod(Value(CompleteOn(QueuePPD(), {options}), "*WMARKAngleTicket"));
 }
 
 void ExpectStamp(const RenderedPage &page, const RenderedPage &bare, double degrees) {

@@ -37,16 +37,20 @@ inline std::string PpdOption(const std::string &name, const std::string &choices
     return lines + "*CloseUI: *" + name + "\n";
 }
 
-inline CompletedTicket Complete(const TicketJob &job) {
+// Completes the ticket on a queue whose PPD is the text `ppd`. The PPD stays open as the job's.
+inline CompletedTicket CompleteOn(const std::string &ppd, const TicketJob &job) {
     const TempFolder folder;
-    setenv("PPD", folder.Write("queue.ppd", PpdWith("*KVFrontEnd: \"CUPS\"\n" + job.lines)).c_str(),
-           1);
+    setenv("PPD", folder.Write("queue.ppd", ppd).c_str(), 1);
     CloseJobPPD();
     FindFrontEnd(job.options.c_str());
     std::string arguments[] = {"kvfilter", "17", job.user, job.title, job.copies, job.options};
     char *argv[7] = {};
     for (std::size_t i = 0; i < 6; i++) argv[i] = arguments[i].data();
     return CompleteTicket(argv);
+}
+
+inline CompletedTicket Complete(const TicketJob &job) {
+    return CompleteOn(PpdWith("*KVFrontEnd: \"CUPS\"\n" + job.lines), job);
 }
 
 // The value that the completed option string has for `key`, "absent" if none; "*" at the start of a
