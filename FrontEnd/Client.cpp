@@ -45,6 +45,7 @@ void FindClientForCUPS(char *hostName, char *address) {
         return;
     }
     LimitResolver();
+    clientMayBeMissing = true;
     GetIPAddressOfHost(name, hostName, address);
     if (resolutionError.error != 0 && resolutionError.domain == kCFStreamErrorDomainPOSIX) {
         ReportWarning("This computer's address is not in the job", resolutionError.error);

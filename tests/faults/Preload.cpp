@@ -10,7 +10,8 @@
 //   KVFAULT_gethostname=W  W is "fail" or "latin" (a name that is not ASCII)
 //   KVFAULT_time=W         W is "fail" or "late" (beyond the year 2^31)
 //   KVFAULT_COPY=1         the marker file of the job copy exists
-//   KVFAULT_REPORT=PATH    at the end the number of allocations is written there
+//   KVFAULT_REPORT=PATH    at the end the number of allocations is written there: until the client
+//                          is looked for, until it has been found, and in all
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <link.h>
@@ -33,13 +34,11 @@ void *__libc_calloc(std::size_t count, std::size_t size);
 void *__libc_realloc(void *block, std::size_t size);
 }
 
-extern "C" [[gnu::noinline]] void kvfault_failed() {
-    asm volatile("");
-}
 namespace {
 
 std::atomic<bool> mainHasStarted{false};
 std::atomic<long> allocations{0};
+long allocationsForNames = 0, allocationsForClient = 0;
 long failingAllocation = 0;
 
 bool Is(const char *variable, const char *value) {
@@ -84,7 +83,6 @@ bool Fails(const void *caller) {
     });
     if (!counts || ++allocations != failingAllocation) return false;
     errno = ENOMEM;
-    kvfault_failed();
     return true;
 }
 
@@ -93,7 +91,8 @@ bool Fails(const void *caller) {
     const char *const path = std::getenv("KVFAULT_REPORT");
     std::FILE *const file = path ? std::fopen(path, "w") : nullptr;
     if (!file) return;
-    std::fprintf(file, "%ld\n", allocations.load());
+    std::fprintf(file, "%ld %ld %ld\n", allocationsForNames, allocationsForClient,
+                 allocations.load());
     std::fclose(file);
 }
 
@@ -135,12 +134,19 @@ int getaddrinfo(const char *name, const char *service, const addrinfo *hints, ad
 }
 
 int gethostname(char *name, std::size_t size) noexcept {
+    allocationsForNames = allocations;
     if (Is("KVFAULT_gethostname", "fail")) {
         errno = EFAULT;
         return -1;
     }
     std::strncpy(name, Is("KVFAULT_gethostname", "latin") ? "b\xC3\xBCro" : "localhost", size);
     return 0;
+}
+
+// What comes next when the client has been found.
+void setbuf(std::FILE *stream, char *buffer) noexcept {
+    allocationsForClient = allocations;
+    std::setvbuf(stream, buffer, buffer ? _IOFBF : _IONBF, BUFSIZ);
 }
 
 std::time_t time(std::time_t *result) noexcept {

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -21,6 +22,7 @@ char *outString;
 std::int32_t outStringLen;
 std::int32_t result;
 CFStreamError resolutionError;
+bool clientMayBeMissing;
 
 namespace {
 
@@ -29,7 +31,11 @@ constexpr char _IPv6_sign_ = ':';
 constexpr char _IPv4_LocalHost_sign_[] = "127.0.0.1";
 constexpr char _IPv6_LocalHost_sign_[] = "fe80::1";  // anywhere in the text, so fe80::1234 as well
 
-[[noreturn]] void AssertionFailed(const char *expression, const char *function, int line) {
+void AssertionFailed(const char *expression, const char *function, int line) {
+    if (clientMayBeMissing) {
+        resolutionError = {kCFStreamErrorDomainPOSIX, ENOMEM};
+        return;
+    }
     std::fprintf(stderr,
                  "Assertion failed: (%s), function %s, "
                  "file CommonSource/FilterFrame/Source/UtilityFunctionFilter, line %d.\n",
@@ -37,9 +43,14 @@ constexpr char _IPv6_LocalHost_sign_[] = "fe80::1";  // anywhere in the text, so
     std::abort();
 }
 
-// Each assertion is known by its line, which stays the same when the text around it moves.
-#define KV_ASSERT(expression, line) \
-    if (!(expression)) AssertionFailed(#expression, __func__, line)
+// Each assertion is known by its line, which stays the same when the text around it moves. One that
+// fails and need not end the job ends the function with the value that is left.
+#define KV_ASSERT(expression, line, ...)              \
+    if (!(expression)) {                              \
+        AssertionFailed(#expression, __func__, line); \
+        return __VA_ARGS__;                           \
+    }                                                 \
+    static_cast<void>(0)
 
 void KeepAddress(const char *text) {
     if (outStringLen > 0) CopyBounded(outString, static_cast<std::size_t>(outStringLen), text);
@@ -129,7 +140,7 @@ bool getHostAddress(const char *hostName, char *output, std::int32_t size) {
     if (!hostName || !output || size < 0) return false;
     const CFStringRef inputString =
         CFStringCreateWithCString(kCFAllocatorDefault, hostName, kCFStringEncodingASCII);
-    KV_ASSERT(inputString != NULL, 649);
+    KV_ASSERT(inputString != NULL, 649, false);
     outString = output;
     outStringLen = size;
     std::memset(output, 0, static_cast<std::size_t>(size));
@@ -140,9 +151,9 @@ bool getHostAddress(const char *hostName, char *output, std::int32_t size) {
 }
 
 bool MyResolveNameToAddress(CFStringRef hostName) {
-    KV_ASSERT(hostName != NULL, 618);
+    KV_ASSERT(hostName != NULL, 618, false);
     const CFHostRef host = CFHostCreateWithName(kCFAllocatorDefault, hostName);
-    KV_ASSERT(host != NULL, 621);
+    KV_ASSERT(host != NULL, 621, false);
     void *const info = const_cast<void *>(static_cast<const void *>(hostName));
     CFHostClientContext context = {0, info, CFRetain, CFRelease, nullptr};
     if (!CFHostSetClient(host, MyCFHostClientCallBack, &context)) {

@@ -23,6 +23,10 @@ extern std::int32_t result;        // 1 when the last address looked at had a nu
 // Why the last resolution did not start or found nothing; its error is 0 if it found addresses.
 extern CFStreamError resolutionError;
 
+// Whether want of memory leaves the client unknown, with ENOMEM in resolutionError, where it else
+// ends the process by an assertion. False at first.
+extern bool clientMayBeMissing;
+
 // Fills `hostName` (97 bytes) with the host's name, cut to 96 characters, and `address` (at least
 // 46 bytes) with its address as the printer reads it: "I" and 8 hexadecimal digits for IPv4, "6"
 // and 32 for IPv6. What cannot be found stays empty.

@@ -6,6 +6,7 @@
 #include <netdb.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstring>
 #include <functional>
@@ -66,7 +67,7 @@ Choice Choose(const std::vector<const char *> &texts, std::int32_t size = kAddre
 
 }  // namespace
 
-TEST(UtilityFunctionFilterDeathTest, AssertionsNameThemselves) {
+TEST(UtilityFunctionFilterDeathTest, AssertionsNameThemselvesWhereTheClientMayNotBeMissing) {
     static UniChar unit = 'h';
     const CFStringRef name = String("host");
     const CFStringRef accented = String("hôst");
@@ -107,6 +108,14 @@ TEST(UtilityFunctionFilterDeathTest, AssertionsNameThemselves) {
                                     ", line " +
                                     std::to_string(line) + "\\.\n";
         EXPECT_EXIT(action(), testing::KilledBySignal(SIGABRT), message);
+        clientMayBeMissing = true;
+        resolutionError = {};
+        result = 0;
+        action();
+        EXPECT_EQ(resolutionError.error, ENOMEM);
+        EXPECT_EQ(resolutionError.domain, kCFStreamErrorDomainPOSIX);
+        EXPECT_EQ(result, 0);
+        clientMayBeMissing = false;
     }
     for (const CFTypeRef object :
          std::initializer_list<CFTypeRef>{name, accented, endless, noText, none, empty, noBytes}) {
