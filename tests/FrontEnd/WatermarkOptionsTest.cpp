@@ -42,7 +42,7 @@ constexpr char kSheets[] =
     "*ParamCustomPageSize Height: 2 points 1 9999\n";
 
 CompletedTicket Complete(const std::string &options) {
-    return Complete(TicketJob{options, kSheets});
+    return CompleteOn(PpdWith("*KVFrontEnd: \"CUPS\"\n") + kSheets, TicketJob{options});
 }
 
 std::string Key(const CompletedTicket &ticket, const std::string &name) {
