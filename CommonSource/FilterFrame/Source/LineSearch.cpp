@@ -29,58 +29,105 @@ namespace {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
+// Whether a byte is `byte` of a pattern.
+template <char byte>
+HWY_INLINE bool Is(char other) {
+    return other == byte || (byte == '\n' && other == '\r');
+}
+
+template <Pattern pattern, std::size_t... i>
+HWY_INLINE bool EndsAt(const char *last, std::index_sequence<i...>) {
+    return (Is<pattern.bytes[pattern.size - 1 - i]>(*(last - i)) && ...);
+}
+
+// Whether any of the patterns has its last byte at `last`.
+template <Pattern... patterns>
+HWY_INLINE bool IsHit(const char *last, Patterns<patterns...>) {
+    return (EndsAt<patterns>(last, std::make_index_sequence<patterns.size>()) || ...);
+}
+
+template <Pattern... patterns>
+HWY_INLINE bool IsHit(const char *last, LineEndAfter<patterns...>) {
+    return IsHit(last, LineEnd()) && IsHit(last - 1, Patterns<patterns...>());
+}
+
 template <class D>
-HWY_INLINE hn::Mask<D> Equal(D vector, const char *at, char byte) {
-    const auto *bytes = reinterpret_cast<const std::uint8_t *>(at);
-    return hn::Eq(hn::LoadU(vector, bytes), hn::Set(vector, static_cast<std::uint8_t>(byte)));
+HWY_INLINE hn::Vec<D> Load(D vector, const char *at) {
+    return hn::LoadU(vector, reinterpret_cast<const std::uint8_t *>(at));
 }
 
-// Of a vector of bytes that may be the last ones of the pattern, those with byte `i` of the pattern
-// in its place.
-template <Pattern pattern, std::size_t i, class D>
-HWY_INLINE hn::Mask<D> MatchByte(D vector, const char *last) {
-    const char *at = last - (pattern.size - 1 - i);
-    const auto match = Equal(vector, at, pattern.bytes[i]);
-    if constexpr (pattern.bytes[i] != '\n') return match;
-    return hn::Or(match, Equal(vector, at, '\r'));
+// The entries of the bytes' rows, which their low halves choose. On x86 the look-up leaves out the
+// high halves itself, and the entry of a byte beyond ASCII is 0.
+template <class D>
+HWY_INLINE hn::Vec<D> LookUp(D vector, const Rows &rows, hn::Vec<D> bytes) {
+    if (!HWY_ARCH_X86) bytes = hn::And(bytes, hn::Set(vector, 15));
+    return hn::TableLookupBytes(hn::LoadDup128(vector, rows.entries), bytes);
 }
 
-template <Pattern pattern, class D, std::size_t... i>
-HWY_INLINE hn::Mask<D> Match(D vector, const char *last, std::index_sequence<i...>) {
-    auto match = MatchByte<pattern, 0>(vector, last);
-    ((match = hn::And(match, MatchByte<pattern, i + 1>(vector, last))), ...);
-    return match;
+template <ByteSet set, class D>
+HWY_INLINE hn::Mask<D> Holds(D vector, hn::Vec<D> bytes) {
+    if constexpr (set.size == 1) {
+        return hn::Eq(bytes, hn::Set(vector, set.last));
+    } else {
+        return hn::Eq(LookUp(vector, set.rows, bytes), bytes);
+    }
 }
 
+// Of a vector of bytes, those that may be the last one of a pattern: it and the one before occur
+// there in some pattern.
 template <class D, Pattern first, Pattern... more>
-HWY_INLINE hn::Mask<D> Match(D vector, const char *last, Patterns<first, more...>) {
-    auto match = Match<first>(vector, last, std::make_index_sequence<first.size - 1>());
-    ((match = hn::Or(match, Match(vector, last, Patterns<more>()))), ...);
-    return match;
+HWY_INLINE hn::Mask<D> MayBeHits(D vector, const char *last, Patterns<first, more...>) {
+    const auto hits = Holds<BytesAt<first, more...>(0)>(vector, Load(vector, last));
+    if constexpr (first.size == 1) {
+        return hits;
+    } else {
+        return hn::And(hits, Holds<BytesAt<first, more...>(1)>(vector, Load(vector, last - 1)));
+    }
 }
 
-template <class D, Pattern... patterns>
-HWY_INLINE hn::Mask<D> Match(D vector, const char *last, LineEndAfter<patterns...>) {
-    const auto lineEnds = Match(vector, last, LineEnd());
-    if (hn::MaxLanes(vector) == 1 && hn::AllFalse(vector, lineEnds)) return lineEnds;
-    return hn::And(lineEnds, Match(vector, last - 1, Patterns<patterns...>()));
+// Those that may be a line end after a pair. The bytes before it are exact, those before that may
+// be others with the same low half.
+template <class D, Pattern... pairs>
+HWY_INLINE hn::Mask<D> MayBeHits(D vector, const char *last, LineEndAfter<pairs...>) {
+    constexpr ByteSet seconds = BytesAt<pairs...>(0);
+    constexpr PairMarks marks = MarksOf<pairs...>();
+    const auto lineEnds = MayBeHits(vector, last, LineEnd());
+    const auto second = Load(vector, last - 1);
+    const auto mark = LookUp(vector, marks.ofSecond, second);
+    const auto allowed = LookUp(vector, marks.ofFirst, Load(vector, last - 2));
+    const auto arePairs = hn::Eq(hn::And(allowed, mark), mark);
+    return hn::And(hn::And(lineEnds, Holds<seconds>(vector, second)), arePairs);
 }
 
 template <class D, class P, class... Ps>
-HWY_INLINE hn::Mask<D> Match(D vector, const char *last, P patterns, Ps... more) {
-    return hn::Or(Match(vector, last, patterns), Match(vector, last, more...));
+HWY_INLINE hn::Mask<D> MayBeHits(D vector, const char *last, P patterns, Ps... more) {
+    return hn::Or(MayBeHits(vector, last, patterns), MayBeHits(vector, last, more...));
 }
 
 template <class... Ps>
 const char *Find(const char *from, const char *end) {
+#if HWY_TARGET != HWY_SCALAR
     const hn::ScalableTag<std::uint8_t> vector;
     const auto width = static_cast<std::ptrdiff_t>(hn::Lanes(vector));
-    for (; end - from >= width; from += width) {
-        const auto hits = Match(vector, from, Ps()...);
-        if (!hn::AllFalse(vector, hits)) return from + hn::FindKnownFirstTrue(vector, hits);
+    while (end - from >= width) {
+        // Two at a time, as long as nothing is found.
+        while (end - from >= 2 * width &&
+               hn::AllFalse(vector, hn::Or(MayBeHits(vector, from, Ps()...),
+                                           MayBeHits(vector, from + width, Ps()...)))) {
+            from += 2 * width;
+        }
+        if (end - from < width) break;
+        const auto hits = MayBeHits(vector, from, Ps()...);
+        if (hn::AllFalse(vector, hits)) {
+            from += width;
+        } else {
+            from += hn::FindKnownFirstTrue(vector, hits);
+            if ((IsHit(from, Ps()) || ...)) return from;
+            from++;
+        }
     }
-    const hn::CappedTag<std::uint8_t, 1> byte;  // the rest of a block that fills no vector
-    while (from != end && hn::AllFalse(byte, Match(byte, from, Ps()...))) from++;
+#endif
+    while (from != end && !(IsHit(from, Ps()) || ...)) from++;  // what fills no vector
     return from;
 }
 

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <initializer_list>
 #include <string_view>
 #include <utility>
 
@@ -34,6 +36,59 @@ struct Patterns {};
 // A line end after any of the patterns, which then have two bytes at most.
 template <Pattern... patterns>
 struct LineEndAfter {};
+
+// A look-up of bytes by their low halves.
+struct Rows {
+    alignas(16) std::uint8_t entries[16] = {};
+
+    constexpr std::uint8_t &operator[](std::uint8_t byte) { return entries[byte & 15]; }
+};
+
+// Bytes with different low halves, each in its row. The other rows hold a byte of another row.
+struct ByteSet {
+    std::size_t size = 0;
+    std::uint8_t last = 0;  // that was added
+    Rows rows{{1}};
+
+    consteval void Add(char character) {
+        const auto byte = static_cast<std::uint8_t>(character);
+        if (rows[byte] == byte) return;
+        if ((rows[byte] & 15) == (byte & 15)) throw "two bytes with the same low half";
+        rows[byte] = last = byte;
+        size++;
+        if (character == '\n') Add('\r');
+    }
+};
+
+// The bytes that the patterns have `back` bytes in front of their last.
+template <Pattern... patterns>
+consteval ByteSet BytesAt(std::size_t back) {
+    ByteSet set;
+    (set.Add(patterns.bytes[patterns.size - 1 - back]), ...);
+    return set;
+}
+
+// What tells pairs of bytes from mixtures of them: each second byte has a mark of its own, and the
+// first bytes have those of the second ones that follow them.
+struct PairMarks {
+    Rows ofFirst, ofSecond;
+};
+
+template <Pattern... pairs>
+consteval PairMarks MarksOf() {
+    PairMarks marks;
+    std::uint8_t next = 1;
+    for (const Pattern &pair : {pairs...}) {
+        std::uint8_t &mark = marks.ofSecond[static_cast<std::uint8_t>(pair.bytes[1])];
+        if (mark == 0) {
+            if (next == 0) throw "more than eight second bytes";
+            mark = next;
+            next = static_cast<std::uint8_t>(next << 1);
+        }
+        marks.ofFirst[static_cast<std::uint8_t>(pair.bytes[0])] |= mark;
+    }
+    return marks;
+}
 
 constexpr bool IsComment(const SpecialLine &line) {
     return line.text.starts_with("%%");
