@@ -5,7 +5,10 @@
 //
 //   KVFAULT_MALLOC=N       the Nth allocation after the start of main returns null (those of the
 //                          CUPS libraries do not count: what they do without memory is theirs)
-//   KVFAULT_SHORT=N        each read of the document or its store returns N bytes at most
+//   KVFAULT_SHORT=N        each call that reads or passes on the document or its store takes N
+//   bytes
+//                          at most
+//   KVFAULT_STORE=fail     no call reads the store back
 //   KVFAULT_getaddrinfo=W  W is "fail" or "hang"
 //   KVFAULT_gethostname=W  W is "fail" or "latin" (a name that is not ASCII)
 //   KVFAULT_time=W         W is "fail" or "late" (beyond the year 2^31)
@@ -16,6 +19,7 @@
 #include <fcntl.h>
 #include <link.h>
 #include <netdb.h>
+#include <sys/sendfile.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -54,6 +58,17 @@ long Number(const char *variable) {
 template <class Function>
 Function *Real(const char *name) {
     return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
+}
+
+// What the environment leaves of the size of a call.
+std::size_t Short(std::size_t size) {
+    const long most = Number("KVFAULT_SHORT");
+    return most > 0 ? std::min(size, static_cast<std::size_t>(most)) : size;
+}
+
+bool StoreFails() {
+    errno = EIO;
+    return Is("KVFAULT_STORE", "fail");
 }
 
 // The code of the libraries whose allocations count.
@@ -121,9 +136,19 @@ void *realloc(void *block, std::size_t size) noexcept {
 }
 
 ssize_t read(int file, void *buffer, std::size_t size) {
-    const long most = Number("KVFAULT_SHORT");
-    static const auto real = Real<ssize_t(int, void *, std::size_t)>("read");
-    return real(file, buffer, most > 0 ? std::min(size, static_cast<std::size_t>(most)) : size);
+    return Real<ssize_t(int, void *, std::size_t)>("read")(file, buffer, Short(size));
+}
+
+ssize_t pread(int file, void *buffer, std::size_t size, off_t offset) {
+    if (StoreFails()) return -1;
+    return Real<ssize_t(int, void *, std::size_t, off_t)>("pread")(file, buffer, Short(size),
+                                                                   offset);
+}
+
+ssize_t sendfile(int output, int file, off_t *offset, std::size_t size) noexcept {
+    if (StoreFails()) return -1;
+    return Real<ssize_t(int, int, off_t *, std::size_t)>("sendfile")(output, file, offset,
+                                                                     Short(size));
 }
 
 int getaddrinfo(const char *name, const char *service, const addrinfo *hints, addrinfo **list) {

@@ -48,6 +48,7 @@ SYSTEM_CALLS = {
     "unlink": ("EACCES",),
     "poll": ("EINTR", "ENOMEM"),
     "lseek": ("ESPIPE",),
+    "sendfile": ("EIO", "EINTR", "ENOSYS"),
     "clone3": ("EAGAIN",),
 }
 
@@ -295,6 +296,10 @@ class FaultsTest(unittest.TestCase):
                      for call, number in chosen for error in SYSTEM_CALLS[call]]
         self.assertGreater(len(work), 300)
         self.check_all(work)
+
+    def test_a_store_that_cannot_be_read_back(self):
+        self.check_all([(Fault("sendfile+pread", "EIO", "store"), mode, (),
+                         {"KVFAULT_STORE": "fail"}) for mode in MODES if mode.pass_ == "store"])
 
     def test_allocations(self):
         work = []

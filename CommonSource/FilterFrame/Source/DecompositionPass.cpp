@@ -3,8 +3,10 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <limits>
 
 #include "CommonSource/FilterFrame/Source/DocumentReader.h"
 #include "CommonSource/FilterFrame/Source/FeatureToPJL.h"
@@ -12,9 +14,11 @@
 #include "CommonSource/FilterFrame/Source/JobHeader.h"
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
 #include "CommonSource/FilterFrame/Source/PostScriptLines.h"
+#include "CommonSource/FilterFrame/Source/StoredDocument.h"
 #include "CommonSource/FilterFrame/Source/StructuredDocument.h"
 #include "FrontEnd/FrontEnd.h"
 #include "FrontEnd/Messages.h"
+#include "FrontEnd/Progress.h"
 
 char PPDPJLOutFilePath[kPrivatePathSize];
 
@@ -40,9 +44,9 @@ void PutEnd(int lastByte, std::FILE *stored) {
     if (lastByte != kEndOfPostScriptJob) KVfputc(kEndOfPostScriptJob, stored);
 }
 
-// Reads the document into `stored` and writes the PJL of its features. False if the job was
-// cancelled.
-bool StoreDocument(int file, char *const argv[], std::FILE *stored) {
+// Reads the document into `stored`, its page ends into `pageEnds`, and writes the PJL of its
+// features. False if the job was cancelled.
+bool StoreDocument(int file, char *const argv[], std::FILE *stored, PageEnds &pageEnds) {
     DocumentReader reader(file, DocumentReader::kFeatures);
     FeatureState features = StartFeatures();
     DocumentState state;
@@ -58,6 +62,8 @@ bool StoreDocument(int file, char *const argv[], std::FILE *stored) {
             KVfwrite(piece.text.data(), 1, piece.text.size(), stored);
         } else if (!PutSpecialLine(*piece.special, piece.text, state, argv, stored)) {
             return false;
+        } else if (piece.special->stopsCancelledJob) {
+            pageEnds.Add({ftello(stored), 0, 0});
         }
     }
     if (!std::ferror(stored)) PutEnd(reader.LastByte(), stored);
@@ -65,11 +71,37 @@ bool StoreDocument(int file, char *const argv[], std::FILE *stored) {
     return true;
 }
 
-// The same for a document of any maker, called `name`; also false if a part of it is missing.
-// `pages` becomes the number of its pages.
-bool StoreStructuredDocument(int file, const char *name, std::FILE *stored, int &pages) {
+// Sends the stored document, which ends with its last line end. The job copy has it already.
+void SendDocument(std::FILE *stored, const PageEnds &pageEnds) {
+    const int file = fileno(stored);
+    const off_t size = lseek(file, 0, SEEK_END);
+    off_t sent = 0;
+    for (const PageEnd &pageEnd : pageEnds) {
+        if (pageEnd.offset > size) break;  // not stored, for want of space
+        if (SendStored(file, sent, pageEnd.offset) != 0 || CancelJob == 1) return;
+        sent = pageEnd.offset;
+    }
+    if (lseek(file, sent, SEEK_SET) != sent) return;
+    DocumentReader reader(file, DocumentReader::kPlain);
+    const RelayedDocument relayed(file);
+    DocumentPiece piece;
+    while (reader.Next(piece)) {
+        WriteUncopied(piece.text.data(), piece.text.size(), stdout);
+        if (EndsCancelledJob(piece)) return;
+    }
+}
+
+// A stored document of any maker.
+struct StoredPages {
+    PageEnds ends;
+    PageEnd whole;  // all there is
+    int announced;  // pages, by the document itself; 0 if it does not say
+};
+
+// As StoreDocument for a document called `name`; also false if a part of it is missing.
+bool StoreStructuredDocument(int file, const char *name, std::FILE *stored, StoredPages &pages) {
     DocumentReader reader(file, DocumentReader::kFeaturesAndComments);
-    StructuredDocument document(StructuredDocument::kToStore, reader, stored);
+    StructuredDocument document(reader, stored, &pages.ends);
     FeatureState features = StartFeatures();
     DocumentPiece piece;
     while (!OutputHasFailed(stored) && reader.Next(piece)) {
@@ -78,35 +110,29 @@ bool StoreStructuredDocument(int file, const char *name, std::FILE *stored, int 
     }
     if (DocumentIsCut(name, reader.Error())) return false;
     document.PutEnd();
-    pages = document.PagesEnded();
     KVfflush(stored);
-    if (OutputHasFailed(stored)) ReportError(PPDPJLOutFilePath, "could not be written", writeError);
-    return !OutputHasFailed(stored);
+    if (OutputHasFailed(stored)) {
+        ReportError(PPDPJLOutFilePath, "could not be written", writeError);
+        return false;
+    }
+    const DocumentStructure &structure = document.Structure();
+    pages.whole = {std::numeric_limits<off_t>::max(), structure.PagesEnded(), structure.Copies()};
+    pages.announced = structure.PagesAnnounced();
+    return true;
 }
 
-// Sends the stored document. The job copy has it already.
-void SendDocument(std::FILE *stored) {
-    DocumentReader reader(fileno(stored), DocumentReader::kPlain);
-    const RelayedDocument relayed(fileno(stored));
-    DocumentPiece piece;
-    while (reader.Next(piece)) {
-        WriteUncopied(piece.text.data(), piece.text.size(), stdout);
-        // Page by page: the relay would send many at once, and a cancelled job with them.
-        if (piece.special && piece.special->stopsCancelledJob) KVfflush(stdout);
-        if (EndsCancelledJob(piece)) return;
-    }
-}
-
-// The same for a document of any maker, of `pages` pages.
-void SendStructuredDocument(std::FILE *stored, int pages) {
-    DocumentReader reader(fileno(stored), DocumentReader::kComments);
-    const RelayedDocument relayed(fileno(stored));
-    StructuredDocument document(StructuredDocument::kFromStore, reader, stdout, pages);
-    DocumentPiece piece;
-    while (!OutputHasFailed(stdout) && reader.Next(piece)) {
-        if (!document.Put(piece)) return;
-    }
-    if (!DocumentIsCut(PPDPJLOutFilePath, reader.Error())) document.PutEnd();
+// As SendDocument, and tells the pages that have left.
+void SendStructuredDocument(std::FILE *stored, const StoredPages &pages) {
+    const int total = std::max(pages.whole.pages, pages.announced);
+    PageEnd sent{};
+    const auto sendTo = [&](const PageEnd &end) {
+        const int error = SendStored(fileno(stored), sent.offset, end.offset);
+        if (DocumentIsCut(PPDPJLOutFilePath, error) || OutputHasFailed(stdout)) return false;
+        while (sent.pages < end.pages) ReportPage(++sent.pages, end.copies, total);
+        sent = end;
+        return CancelJob != 1;
+    };
+    if (std::ranges::all_of(pages.ends, sendTo)) sendTo(pages.whole);
 }
 
 // Of plain CUPS's documents nothing but this process can reach the store, and nothing is left of
@@ -117,14 +143,10 @@ void PassThroughNamelessFile(int file, const char *name, char *const argv[]) {
         ReportError(PPDPJLOutFilePath, "could not be made", errno);
         return;
     }
-    int pages = 0;
+    StoredPages pages{};
     if (StoreStructuredDocument(file, name, stored, pages)) {
         OutputKPJLCommandFromArray(argv, prtFmtTableEnterPS, numFmtTableEnterPS);
-        if (lseek(fileno(stored), 0, SEEK_SET) == 0) {
-            SendStructuredDocument(stored, pages);
-        } else {
-            ReportError(PPDPJLOutFilePath, "could not be read", errno);
-        }
+        SendStructuredDocument(stored, pages);
     }
     std::fclose(stored);
 }
@@ -132,12 +154,12 @@ void PassThroughNamelessFile(int file, const char *name, char *const argv[]) {
 void PassThroughFile(int file, char *const argv[]) {
     std::FILE *stored = CreatePrivateFile(PPDPJLOutFileFormat, PPDPJLOutFilePath);
     if (!stored) return;
-    if (StoreDocument(file, argv, stored)) {
+    PageEnds pageEnds;
+    if (StoreDocument(file, argv, stored, pageEnds)) {
         OutputKPJLCommandFromArray(argv, prtFmtTableEnterPS, numFmtTableEnterPS);
         // Whoever has taken the file away or put another in its place has taken the document.
         if (IsNameOf(PPDPJLOutFilePath, stored)) {
-            lseek(fileno(stored), 0, SEEK_SET);
-            SendDocument(stored);
+            SendDocument(stored, pageEnds);
             std::remove(PPDPJLOutFilePath);
         }
     }

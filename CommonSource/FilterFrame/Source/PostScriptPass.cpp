@@ -19,7 +19,7 @@ void PassOn() {
 void OutputStructuredDocument(int file, const char *name) {
     DocumentReader reader(file, DocumentReader::kComments, PassOn);
     const RelayedDocument relayed(file);
-    StructuredDocument document(StructuredDocument::kToPrinter, reader, stdout);
+    StructuredDocument document(reader, stdout);
     DocumentPiece piece;
     while (!OutputHasFailed(stdout) && reader.Next(piece)) {
         if (!document.Put(piece)) return;

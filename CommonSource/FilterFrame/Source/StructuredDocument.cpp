@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CommonSource/FilterFrame/Source/StructuredDocument.h"
 
-#include <algorithm>
-
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
 #include "FrontEnd/Messages.h"
 #include "FrontEnd/Progress.h"
 
-StructuredDocument::StructuredDocument(Way way, DocumentReader &reader, std::FILE *stream,
-                                       int pages)
-    : way_(way), reader_(reader), stream_(stream), pages_(pages) {
+StructuredDocument::StructuredDocument(DocumentReader &reader, std::FILE *stream,
+                                       PageEnds *pageEnds)
+    : reader_(reader), stream_(stream), pageEnds_(pageEnds) {
     reader_.HandOutNextLine();
 }
 
@@ -31,7 +29,7 @@ bool StructuredDocument::Put(const DocumentPiece &piece) {
 void StructuredDocument::PutEnd() {
     TellPJL();
     if (structure_.TakeEnd()) TellPage();
-    if (way_ == kFromStore || lastByte_ == kEndOfPostScriptJob) return;
+    if (lastByte_ == kEndOfPostScriptJob) return;
     // To the printer's scanner, Ctrl-D would be a part of the word before it.
     if (!IsLineEnd(lastByte_)) Write("\n");
     KVfputc(kEndOfPostScriptJob, stream_);
@@ -42,7 +40,7 @@ bool StructuredDocument::PutDocument(const DocumentPiece &piece) {
     hasBegun_ = true;
     foreignPJL_.BeginDocument();
     const bool isStructured = structure_.TakeFirstLine(piece.text);
-    return isStructured || way_ == kFromStore ? PutNext(piece) : PutUnstructured(piece);
+    return isStructured ? PutNext(piece) : PutUnstructured(piece);
 }
 
 // A document that does not claim to be structured has one place for everything: its beginning, if
@@ -66,7 +64,10 @@ bool StructuredDocument::PutComment(const DocumentPiece &piece) {
     const bool pageEnds = structure_.TakeComment(piece.comment, piece.text);
     if (pageEnds) TellPage();
     const bool startsPage = piece.comment == Comment::kPage && !structure_.IsEmbedded();
-    if ((pageEnds || startsPage) && CancelJob == 1) return false;
+    if (pageEnds || startsPage) {
+        if (CancelJob == 1) return false;
+        TakeStop();
+    }
     if (IsOutermost()) PutBeforeComment(piece.comment);
     Write(piece.text);
     const bool endsHeader = piece.comment == Comment::kEndComments && IsLineEnd(lastByte_);
@@ -111,6 +112,7 @@ bool StructuredDocument::PutSpecial(const DocumentPiece &piece) {
     }
     Write(piece.text);
     if (piece.special->endsPage && structure_.TakePageEndLine()) TellPage();
+    if (piece.special->stopsCancelledJob) TakeStop();
     return true;
 }
 
@@ -136,10 +138,15 @@ void StructuredDocument::PutPoint(InjectionPoint point) {
 }
 
 // A page counts once it has left: not if the printer has gone.
-void StructuredDocument::TellPage() const {
-    if (way_ == kToStore || KVfflush(stream_) != 0 || std::ferror(stream_)) return;
-    ReportPage(structure_.PagesEnded(), structure_.Copies(),
-               std::max(pages_, structure_.PagesAnnounced()));
+void StructuredDocument::TellPage() {
+    if (pageEnds_ || KVfflush(stream_) != 0 || std::ferror(stream_)) return;
+    ReportPage(structure_.PagesEnded(), structure_.Copies(), structure_.PagesAnnounced());
+}
+
+// Takes in that the document may end here if the job is cancelled while it is sent.
+void StructuredDocument::TakeStop() {
+    if (!pageEnds_) return;
+    pageEnds_->Add({ftello(stream_), structure_.PagesEnded(), structure_.Copies()});
 }
 
 void StructuredDocument::TellPJL() const {
@@ -153,9 +160,5 @@ void StructuredDocument::TellPJL() const {
 
 void StructuredDocument::Write(std::string_view text) {
     lastByte_ = text.back();
-    if (way_ == kFromStore) {
-        WriteUncopied(text.data(), text.size(), stream_);
-    } else {
-        KVfwrite(text.data(), 1, text.size(), stream_);
-    }
+    KVfwrite(text.data(), 1, text.size(), stream_);
 }

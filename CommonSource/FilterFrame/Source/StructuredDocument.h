@@ -9,20 +9,15 @@
 #include <cstdio>
 
 #include "CommonSource/FilterFrame/Source/DocumentReader.h"
+#include "CommonSource/FilterFrame/Source/StoredDocument.h"
 #include "FrontEnd/DocumentStructure.h"
 #include "FrontEnd/ForeignPJL.h"
 
 class StructuredDocument {
   public:
-    enum Way {
-        kToPrinter,  // from CUPS to standard output
-        kToStore,    // from CUPS to a file: pages are not told yet
-        kFromStore,  // from there to standard output, as it is; the job copy has it already
-    };
-
-    // Copies what `reader`, in a mode that knows comments, hands out to `stream`. `pages` is how
-    // many pages the document has, if that is known, else 0.
-    StructuredDocument(Way way, DocumentReader &reader, std::FILE *stream, int pages = 0);
+    // Copies what `reader`, in a mode that knows comments, hands out to `stream`: the printer, or,
+    // with `pageEnds`, a store. Pages that are stored are not told yet; their ends are added there.
+    StructuredDocument(DocumentReader &reader, std::FILE *stream, PageEnds *pageEnds = nullptr);
 
     // Puts the next piece. False if the job was cancelled: the document then ends at a page end,
     // and no more must be put.
@@ -31,8 +26,7 @@ class StructuredDocument {
     // Ends the document as a PostScript job ends, with one Ctrl-D.
     void PutEnd();
 
-    // How many pages have ended.
-    int PagesEnded() const { return structure_.PagesEnded(); }
+    const DocumentStructure &Structure() const { return structure_; }
 
   private:
     bool PutDocument(const DocumentPiece &piece);
@@ -44,15 +38,15 @@ class StructuredDocument {
     void PutStamp();
     void PutSetup();
     void PutPoint(InjectionPoint point);
-    void TellPage() const;
+    void TellPage();
+    void TakeStop();
     void TellPJL() const;
-    bool IsOutermost() const { return way_ != kFromStore && !structure_.IsEmbedded(); }
+    bool IsOutermost() const { return !structure_.IsEmbedded(); }
     void Write(std::string_view text);
 
-    const Way way_;
     DocumentReader &reader_;
     std::FILE *const stream_;
-    const int pages_;
+    PageEnds *const pageEnds_;
     DocumentStructure structure_;
     ForeignPJL foreignPJL_;
     bool hasBegun_ = false;
