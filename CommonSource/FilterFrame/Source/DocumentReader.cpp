@@ -263,9 +263,10 @@ void DocumentReader::PassData() {
 // Reads what has arrived, or else waits for it. Returns the bytes read; 0 at the end or with
 // error_.
 std::size_t DocumentReader::ReadBlock(char *block) {
-    if (beforeWaiting_ && !AwaitInput(file_, 0)) beforeWaiting_();
-    while (true) {
-        const bool isReady = AwaitInput(file_, kLongestWait);
+    bool isReady = AwaitInput(file_, 0);
+    if (!isReady && beforeWaiting_) beforeWaiting_();
+    for (;; isReady = false) {
+        isReady = isReady || AwaitInput(file_, kLongestWait);
         if (CancelIsOverdue()) {
             error_ = ECANCELED;
             return 0;
