@@ -95,6 +95,41 @@ class DocsTest(unittest.TestCase):
             for model in re.findall(r"drv:///korvell\.drv/(\w+\.ppd)", text):
                 self.assertTrue(pathlib.Path(os.environ["KVFILTER_PPD_DIR"], model).exists(), model)
 
+    def test_a_new_model_as_the_page_says(self):
+        page = (DOCS / "ppd.md").read_text().split("## A new model")[1]
+        sources = (SOURCE_DIR / "ppd/korvell.drv").read_text()
+        block = re.search(r"^\{\n  ModelName   \"KV2024C\".*?^\}\n", sources, re.M | re.S)[0]
+        with tempfile.TemporaryDirectory() as name:
+            folder = pathlib.Path(name)
+            shutil.copytree(SOURCE_DIR / "ppd", folder, dirs_exist_ok=True)
+            new = block.replace("KV2024C", "KV3033C").replace("kv2024c", "kv3033c")
+            (folder / "korvell.drv").write_text(sources + new)
+            subprocess.run(["ppdc", "-d", folder, "-I", folder, folder / "korvell.drv"], check=True,
+                           stdout=subprocess.DEVNULL)
+            ppd = folder / "kv3033c.ppd"
+            subprocess.run(["cupstestppd", "-q", "-I", "filters", ppd], check=True)
+            for fact in re.findall("`(ModelName|PCFileName|1284DeviceID)`", page):
+                self.assertRegex(ppd.read_text(), rf"(?m)^\*{fact}: .*KV3033C")
+            with open(SOURCE_DIR / "samples/plain.ps", "rb") as document:
+                job = subprocess.run([os.environ["KVFILTER_BINARY"], "1", "anna", "Report", "1",
+                                      "KVStaple=LeftDouble"], stdin=document, check=True,
+                                     capture_output=True, env={**os.environ, "PPD": str(ppd)})
+            self.assertIn(b"STAPLE=ON", job.stdout)
+        for path in ("ppd/CMakeLists.txt", "tests/ppd/test_ppds.py", "tests/ppd/MachinePpdTest.cpp"):
+            self.assertIn(f"`{path}`", page)
+            self.assertRegex((SOURCE_DIR / path).read_text(), "(?m)(models|MACHINES|kMachines).*kv2024c")
+        tests = re.search(r"ctest --preset release -R '(.*)'", page)[1]
+        listed = subprocess.run(["ctest", "--test-dir", os.environ["KVFILTER_BUILD_DIR"], "-N", "-R",
+                                 tests], check=True, capture_output=True, text=True).stdout
+        self.assertLessEqual({"test_ppds", "MachinePpdTest"},
+                             set(re.findall(r"#\d+: (?:asan\.)?(\w+)", listed)))
+
+    def test_the_copy_is_switched_on_where_the_filter_looks(self):
+        flags = set(re.findall(r"^    (?:touch|rm) (\S+)", (DOCS / "troubleshooting.md").read_text(),
+                               re.MULTILINE))
+        code = (SOURCE_DIR / "CommonSource/FilterFrame/Source/JobCopy.cpp").read_text()
+        self.assertEqual(flags, set(re.findall(r'FlagPath = "(.*)"', code)))
+
     def test_forge_runs_scripts_that_there_are(self):
         workflow = (SOURCE_DIR / ".github/workflows/ci.yml").read_text()
         steps = re.findall(r"run: ((?:\.ci|scripts)/\S+)", workflow)

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: Apache-2.0
 """The rest of docs/options.md: settings that become PJL, values of special pages, and what people type
-to lp, lpadmin and lpoptions."""
+to lp, lpadmin and lpoptions; and what docs/troubleshooting.md tells them to type."""
 
 import os
 import pathlib
@@ -11,6 +11,7 @@ import unittest
 
 SOURCE_DIR = pathlib.Path(__file__).resolve().parents[2]
 PAGE = (SOURCE_DIR / "docs/options.md").read_text(encoding="utf-8")
+TROUBLESHOOTING = (SOURCE_DIR / "docs/troubleshooting.md").read_text(encoding="utf-8")
 PPDS = pathlib.Path(os.environ["KVFILTER_PPD_DIR"])
 REPORT = SOURCE_DIR / "samples/report.ps"
 
@@ -100,35 +101,75 @@ class SpecialPagesTest(unittest.TestCase):
 
 
 class QueueTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.cups = cls.enterClassContext(scheduler.Scheduler())
+        cls.queue = cls.cups.add_queue("office", PPDS / "kv2024c.ppd")
+
+    def run_as_typed(self, command, queue=None):
+        """Returns what a command prints, or for lp what the printer gets."""
+        queue = queue or self.queue
+        before = len(queue.printer.jobs)
+        shown = self.cups.run(["sh", "-c", command.replace("report.ps", str(REPORT))])
+        if not command.startswith("lp "):
+            return shown
+        scheduler.await_true(lambda: len(queue.printer.jobs) > before, self.cups.error_log)
+        return queue.printer.jobs[-1].decode("latin-1")
+
     def test_what_people_type(self):
         commands = re.findall(r"^    ((?:lp|lpadmin|lpoptions) -[dp] office.*?)(?:  +#.*)?$", PAGE,
                               re.MULTILINE)
         self.assertEqual(len(commands), 6)
-        with scheduler.Scheduler() as cups:
-            queue = cups.add_queue("office", PPDS / "kv2024c.ppd")
 
-            def run(command):
-                before = len(queue.printer.jobs)
-                cups.run(["sh", "-c", command.replace("report.ps", str(REPORT))])
-                if not command.startswith("lp "):
-                    return ""
-                scheduler.await_true(lambda: len(queue.printer.jobs) > before, cups.error_log)
-                return queue.printer.jobs[-1].decode("latin-1")
+        def prints():
+            return self.run_as_typed("lp -d office report.ps")
 
-            def prints():
-                return run("lp -d office report.ps")
+        zoe, anna, anna_no_more, staple, instance, draft = commands
+        self.assertIn(r"(For Zo\353)", self.run_as_typed(zoe))
+        self.run_as_typed(anna)
+        self.assertIn("(For Anna)", prints())
+        self.run_as_typed(anna_no_more)
+        self.assertNotIn("(For Anna)", prints())
+        self.run_as_typed(staple)
+        self.assertIn("STAPLE=ON", prints())
+        self.run_as_typed(instance)
+        self.assertIn("(DRAFT)", self.run_as_typed(draft))
+        self.assertNotIn("(DRAFT)", prints())
 
-            zoe, anna, anna_no_more, staple, instance, draft = commands
-            self.assertIn(r"(For Zo\353)", run(zoe))
-            run(anna)
-            self.assertIn("(For Anna)", prints())
-            run(anna_no_more)
-            self.assertNotIn("(For Anna)", prints())
-            run(staple)
-            self.assertIn("STAPLE=ON", prints())
-            run(instance)
-            self.assertIn("(DRAFT)", run(draft))
-            self.assertNotIn("(DRAFT)", prints())
+    def test_where_to_look(self):
+        debug, follow = re.findall(r"^    ((?:cupsctl|tail) .*?)(?:  +#.*)?$", TROUBLESHOOTING,
+                                   re.MULTILINE)
+        off = re.search(r"#.*(--no-debug-logging)", TROUBLESHOOTING)[1]
+        for command, level in ((f"cupsctl {off}", "0"), (debug, "1")):
+            self.run_as_typed(command)
+            scheduler.await_true(
+                lambda: f"_debug_logging={level}" in self.run_as_typed("cupsctl || :"),
+                self.cups.error_log)
+        self.run_as_typed("lp -d office report.ps")
+        log = str(self.cups.folder / "log/error_log")
+        with subprocess.Popen(follow.replace("/var/log/cups/error_log", log).split(), text=True,
+                              stdout=subprocess.PIPE) as shown:
+            self.assertTrue(any("[Job " in line for line in shown.stdout))
+            shown.terminate()
+
+    def test_what_to_do(self):
+        def command(pattern):
+            return re.search(f"`({pattern})`", TROUBLESHOOTING)[1].replace("QUEUE", "office")
+
+        explain = command("kvjobinfo explain --queue [^`]*").replace("OPTIONS", "KVStaple=LeftDouble")
+        kvjobinfo = os.environ["KVJOBINFO_BINARY"]
+        self.assertIn("STAPLE=ON", self.run_as_typed(explain.replace("kvjobinfo", kvjobinfo)))
+        self.assertIn("KVStaple/Staple: ", self.run_as_typed(command("lpoptions -p QUEUE -l")))
+        self.assertIn("printer-info=", self.run_as_typed(command("lpoptions -p QUEUE")))
+        text = command("-o 'KVWatermark=[^`]*")
+        self.assertIn("(For Anna only)", self.run_as_typed(f"lp -d office {text} report.ps"))
+
+        old = self.cups.add_queue("old", PPDS / "kv2110c.ppd")
+        print_draft = "lp -d old -o KVWatermark=Draft report.ps"
+        self.assertNotIn("(DRAFT)", self.run_as_typed(print_draft, old))
+        switch = command("lpadmin -p QUEUE -o KVFrontEnd[^`]*")
+        self.run_as_typed(switch.replace("office", "old"))
+        self.assertIn("(DRAFT)", self.run_as_typed(print_draft, old))
 
 
 if __name__ == "__main__":
