@@ -103,7 +103,7 @@ std::string JobMediaType(ppd_file_t *ppd) {
     return choice.empty() || choice.starts_with("Auto") ? kOrdinaryType : choice;
 }
 
-// The parts behind the type: false if there is one that the ticket cannot hold.
+// The parts after the type: false if there is one that the ticket cannot hold.
 bool ReadParts(const std::vector<std::string_view> &parts, const CompletionContext &context,
                SpecialPageMedia &media, std::string &problem) {
     for (std::size_t i = 1; i < parts.size(); i++) {

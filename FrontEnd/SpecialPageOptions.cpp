@@ -75,7 +75,7 @@ bool ReadMedia(std::string_view text, const CompletionContext &context, SpecialP
 }
 
 // A value of the ticket: its media mode, `before`, the media's fields and no more. An insertion has
-// the type behind the size, all others before the colour.
+// the type after the size, all others before the colour.
 std::string TicketValueOf(const std::string &before, const SpecialPageMedia &media,
                           bool typeIsLast = false) {
     if (media.isNamed) return "0," + before + "," + media.type;

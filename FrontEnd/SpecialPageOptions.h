@@ -9,7 +9,7 @@
 // MEDIA, as CUPS's own media option, is parts with commas between: the type first, then in any
 // order a colour (white if not given), a size (the job's) and "Interposer" for a sheet of that name
 // out of the inserter, which has neither colour nor size. PAGES is written as page-ranges; a sheet
-// goes in behind each of them, behind page 0 it comes first. SIDES of a cover with pages of the
+// goes in after each of them, after page 0 it comes first. SIDES of a cover with pages of the
 // document on them are none (if not given), front, back or both; SIDES of an exception one-sided,
 // two-sided-long-edge or two-sided-short-edge (the job's). Without MEDIA an exception is on the
 // job's. Several insertions or exceptions are joined by "+".

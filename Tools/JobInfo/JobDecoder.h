@@ -55,6 +55,6 @@ class JobDecoder {
     DocumentNotes notes_;
     std::unique_ptr<SpecialPagesReader> specialPages_;
     std::map<std::string, std::string> given_;  // name to value
-    std::uint64_t bytesAfter_ = 0;              // behind the trailer
+    std::uint64_t bytesAfter_ = 0;              // after the trailer
     std::uint64_t bytesAfterOffset_ = 0;
 };

@@ -23,7 +23,7 @@ std::size_t LineCutter::Find(Mark &mark) {
     return mark.place;
 }
 
-// The place of the next universal exit language behind the line's first byte, or of bytes that may
+// The place of the next universal exit language after the line's first byte, or of bytes that may
 // become one; else the end of what has arrived.
 std::size_t LineCutter::FindExitLanguage() {
     while (Find(escape_) != bytes_.size()) {

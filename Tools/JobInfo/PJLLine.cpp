@@ -36,7 +36,7 @@ std::string_view TakeWord(std::string_view &text, std::string_view ends) {
     return word;
 }
 
-// Takes "=" and the value behind it, without quotation marks around it.
+// Takes "=" and the value after it, without quotation marks around it.
 std::string_view TakeValue(std::string_view text) {
     SkipBlanks(text);
     if (!text.starts_with('=')) return {};

@@ -33,7 +33,7 @@ class Printout {
   public:
     explicit Printout(const Terminal &terminal) : terminal_(terminal) {}
 
-    // A line that stands out, and a remark behind it.
+    // A line that stands out, and a remark after it.
     void Heading(std::string_view title, std::string_view remark = {});
 
     // Rows in aligned columns, headings (Style::kHeading) between them. What is too wide is folded.

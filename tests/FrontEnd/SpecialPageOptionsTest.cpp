@@ -84,7 +84,7 @@ TEST(SpecialPageOptions, CoversHaveTheirPlacesAndSides) {
     EXPECT_TRUE(ValuesOf(Complete("KVFrontCover=None KVBackCover=none"), "Cover").empty());
 }
 
-TEST(SpecialPageOptions, SheetsAreInsertedBehindEachPage) {
+TEST(SpecialPageOptions, SheetsAreInsertedAfterEachPage) {
     EXPECT_EQ(Insertions("3,7:Tab,Interposer"), (Values{"0,3,1,Tab", "0,7,1,Tab"}));
     EXPECT_EQ(Insertions("0,2-4:Thick,yellow:12"),
               (Values{"1,0,12,yellow,21000,29700,thick", "1,2,12,yellow,21000,29700,thick",

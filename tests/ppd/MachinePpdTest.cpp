@@ -230,7 +230,7 @@ TEST(MachinePpd, FoldsAndStitchesBookletsByPostScript) {
             ASSERT_TRUE(row) << choice;
             EXPECT_NE(std::string(row->code).find(code), std::string::npos) << row->code;
         }
-        // Behind what KVStaple says, which would take the stitches out again.
+        // After what KVStaple says, which would take the stitches out again.
         EXPECT_GT(booklet->order, ppdFindOption(ppd, "KVStaple")->order);
     }
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // Documents that are hard on a reader of lines: special lines and near misses, every kind of line
-// end, NUL bytes, and lines about as long as the line buffer, some with a special line behind the
+// end, NUL bytes, and lines about as long as the line buffer, some with a special line after the
 // place where they are cut.
 #pragma once
 

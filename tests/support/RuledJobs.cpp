@@ -147,7 +147,7 @@ std::string CommandsOfFilter(const RuledJob &job) {
     filterJob.user = job.user;
     filterJob.title = job.title;
     filterJob.options = OptionString(job);
-    // Behind the modules' commands comes what a job without a colour mode gets.
+    // After the modules' commands comes what a job without a colour mode gets.
     return Between(RunFilter(filterJob).output, "\x1b%-12345X@PJL JOB MODE=PRINTER\r\n",
                    "@PJL SET RENDERMODE=GRAYSCALE\n@PJL ENTER LANGUAGE=POSTSCRIPT\n");
 }

@@ -7,7 +7,7 @@
 
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
 
-// The option `name`, without the plug-ins' prefix, with a blank behind it. `value` has no
+// The option `name`, without the plug-ins' prefix, with a blank after it. `value` has no
 // apostrophe.
 inline std::string TicketOption(const std::string &name, const std::string &value) {
     return std::string(KV_TICKET).append(name).append("='").append(value).append("' ");

@@ -22,7 +22,7 @@ void Note(bool succeeded, int &error) {
     if (!succeeded && error == 0) error = errno;
 }
 
-// Sends what the relay keeps, behind what was written before it.
+// Sends what the relay keeps, after what was written before it.
 void SettleRelay(std::FILE *stream) {
     if (stream != stdout || !RelayKeepsText()) return;
     Note(std::fflush(stdout) == 0, writeError);

@@ -292,7 +292,7 @@ TEST_F(FullFileSystem, LeavesNoGapWhenThereIsSpaceAgain) {
     for (int i = 0; i < 400; i++) document += kMode2Line;  // PJL enough to fill a buffer
     const auto filter = Start(folder_);
     filter->Write(document);
-    // The PJL of what stands behind the lines is out, so these have been dealt with.
+    // The PJL of what stands after the lines is out, so these have been dealt with.
     std::string output = filter->ReadUntil(kMode2);
     fs::remove(folder_.Path() / "ballast");
     filter->Write("more\nlast\n");

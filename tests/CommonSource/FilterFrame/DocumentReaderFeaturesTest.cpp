@@ -103,7 +103,7 @@ TEST_P(DocumentReaderFeaturesTest, SeesNoSettingsAcrossACut) {
         const std::string document = std::string(8065 - inFront, 'x') + settings + "\n\n";
         const DocumentContents contents = ReadInPieces(document, {100, 8065}, *GetParam());
         EXPECT_TRUE(contents == Expected(document));
-        // All three names must lie behind the cut, or in front of it with no line end to complete.
+        // All three names must lie after the cut, or in front of it with no line end to complete.
         EXPECT_EQ(contents.lines.size(), inFront <= 1 ? 1U : 0U) << inFront;
     }
 }

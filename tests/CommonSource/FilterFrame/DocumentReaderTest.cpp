@@ -74,7 +74,7 @@ TEST_P(DocumentReaderTest, CutsLinesAtTheFullLineBuffer) {
             EXPECT_TRUE(ReadInPieces(document, {4096}, *GetParam()) == Expected(document));
         }
     }
-    // Behind a cut, the rest of the line is a line of its own.
+    // After a cut, the rest of the line is a line of its own.
     const std::string document = std::string(2 * 8065, 'x') + "ep\n";
     const DocumentContents contents = ReadInPieces(document, {100000}, *GetParam());
     ASSERT_EQ(contents.lines.size(), 1U);

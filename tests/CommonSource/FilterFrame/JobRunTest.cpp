@@ -165,7 +165,7 @@ TEST(JobRun, StopsACancelledJobAtTheNextPageEnd) {
     filter.Write(Page(1));
     EXPECT_EQ(filter.ReadErrorLine(), "PAGE:1 1\n");
     filter.Signal(SIGTERM);
-    filter.Write(Page(2) + Page(3));  // at once: the filter need not read on behind page 2
+    filter.Write(Page(2) + Page(3));  // at once: the filter need not read on beyond page 2
     filter.CloseInput();
     const std::string output = filter.ReadToEnd();
     EXPECT_TRUE(output.ends_with(kEnterPostScript + Page(1) + "page 2\n" + kTrailer)) << output;

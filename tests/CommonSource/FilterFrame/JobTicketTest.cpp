@@ -20,13 +20,13 @@ struct Getting {
 };
 
 // What a text getter stores in a field of `size` bytes that held something else before; every byte
-// behind the text must have been cleared.
+// after the text must have been cleared.
 Getting GetText(TicketGetter getter, const std::string &optionString, const char *key = "key",
                 std::int32_t size = 64) {
     const TicketOptions options(optionString.c_str());
     std::string field(static_cast<std::size_t>(size) + 1, '#');
     const int present = getter(key, options.count, options.list, field.data(), size);
-    EXPECT_EQ(field.back(), '#') << "wrote behind the field";
+    EXPECT_EQ(field.back(), '#') << "wrote beyond the field";
     field.pop_back();
     const std::string text = field.c_str();
     EXPECT_EQ(field.find_first_not_of('\0', text.size()), std::string::npos) << "not cleared";

@@ -57,7 +57,7 @@ constexpr Kind kKinds[] = {
      EndsSpecialOrCommentOrSettings},
 };
 
-// The places that a search stops at in `text`, behind its first two bytes.
+// The places that a search stops at in `text`, after its first two bytes.
 std::vector<std::size_t> Stops(LineSearch::Search find, std::string_view text) {
     std::vector<std::size_t> stops;
     const char *end = text.data() + text.size();

@@ -183,7 +183,7 @@ TEST(NameValidation, ValidatesTwoByteCharactersAgainstWordRanges) {
     const ValidateScale nothing = {{0, {}}, {0, {}}};
     EXPECT_EQ(ValidateDada("", nothing), 1);
     EXPECT_EQ(ValidateDada("a", nothing), 0);
-    // An odd byte at the end is no word with the NUL behind it.
+    // An odd byte at the end is no word with the NUL after it.
     EXPECT_EQ(ValidateDada("abc", userNameValidateDataScaleForUTF8), 1);
 }
 
@@ -200,7 +200,7 @@ TEST(NameValidation, RangeTests) {
     EXPECT_EQ(ISWordValid("\x01\x41", two), 1);
     EXPECT_EQ(ISWordSpace("\x01\x5B", two), 0);
     const ValidateRanges overfull = {99, {{1, 1}}};
-    EXPECT_EQ(ISByteValid("a", overfull), 0);  // never looks behind the slots
+    EXPECT_EQ(ISByteValid("a", overfull), 0);  // never looks beyond the slots
 }
 
 }  // namespace

@@ -34,7 +34,7 @@ std::size_t Count(const std::string &text, const std::string &part) {
 // The job of kDocument with its streams in files of `folder`: "output", "errors".
 class SurroundingsTest : public testing::TestWithParam<const char *> {
   protected:
-    // Runs `run` in a child process behind `prepare`; returns its exit status, or 128 and a signal.
+    // Runs `run` in a child process after `prepare`; returns its exit status, or 128 and a signal.
     int InChild(const std::function<void()> &prepare, const std::function<int()> &run) {
         const std::string input = folder_.Write("input", kDocument + "\x04");
         const std::string output = folder_.Write("output", ""),

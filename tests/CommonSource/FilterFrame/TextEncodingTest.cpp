@@ -56,7 +56,7 @@ const std::string kPrinterEmoji = "\U0001F5A8";  // outside the basic plane
 const std::vector<std::string> kInvalid = {
     "\x80",                      // continuation without a start
     "abc\xFF",                   // never a byte of UTF-8
-    "abc\xC3",                   // cut behind the start
+    "abc\xC3",                   // cut after the start
     "\xE7\x94",                  // cut in the middle
     "\xC0\xAF",                  // two bytes for one
     "\xE0\x80\xAF",              // three bytes for one
@@ -89,7 +89,7 @@ TEST(TextEncoding, ToPrinterDropsOnlyWhatLatin1Lacks) {
     EXPECT_EQ(ToPrinter(kTanaka), "");
     EXPECT_EQ(ToPrinter("A4 " + kTanaka + " B5 €"), "A4  B5 ");
     EXPECT_EQ(ToPrinter("a" + kPrinterEmoji + "b"), "ab");
-    EXPECT_EQ(ToPrinter("\u0100"), "");        // the first code behind Latin-1
+    EXPECT_EQ(ToPrinter("\u0100"), "");        // the first code after Latin-1
     EXPECT_EQ(ToPrinter("Zoe\u0308"), "Zoe");  // a combining mark goes, its letter stays
 }
 

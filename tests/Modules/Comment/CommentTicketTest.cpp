@@ -166,7 +166,7 @@ TEST_F(CommentTicket, SidesOfEveryCombination) {
                     expected = edgesOff.contains(edge) ? "one-sided" : side.value_or("one-sided");
                 }
                 EXPECT_EQ(job.sides, expected);
-                // No rest of a longer value behind it.
+                // No rest of a longer value after it.
                 EXPECT_TRUE(std::all_of(job.sides + expected.size(), std::end(job.sides),
                                         [](char c) { return c == '\0'; }));
             }

@@ -76,7 +76,7 @@ TEST_P(LineWeightTable, Line) {
 }
 INSTANTIATE_TEST_SUITE_P(EveryRow, LineWeightTable, testing::ValuesIn(kLineWeightRows));
 
-// Digits in the field behind this one are not of this value.
+// Digits in the field after this one are not of this value.
 TEST_F(DeviceSettings, TheSearchForTheDigitEndsWithTheField) {
     job.duplexBindingEdge = 0x31313131;
     job.copies = 0x32323232;

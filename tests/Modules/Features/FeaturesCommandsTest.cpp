@@ -32,7 +32,7 @@ TEST(FeaturesCommands, RowsStandAsTheRulesDo) {
     ExpectRows({FeaturesFmtTable, std::size_t(FeaturesFmtTableNum)}, FeaturesRules());
 }
 
-// What the module writes behind the lines that every job has.
+// What the module writes after the lines that every job has.
 std::string FeaturesOf(const std::map<std::string, std::string> &ticket) {
     RuledJob job = PlainJob();
     const std::string client = CommandsOfFilter(job);

@@ -209,12 +209,12 @@ std::string PasswordLine(const std::string &password) {
                   {"JBAUserIDTextEditTicket", "bob"},
                   {"JBAUserPasswordTextEditTicket", password}};
     const std::string before = ClientLines("alice") + "@PJL SET JOBATTR=\"@JOAU=bob\"\r\n";
-    const std::string behind = "@PJL SET JOBATTR=\"@DAID=\"\r\n";
+    const std::string after = "@PJL SET JOBATTR=\"@DAID=\"\r\n";
     const std::string commands = CommandsOfFilter(job);
     EXPECT_TRUE(commands.starts_with(before)) << commands;
-    EXPECT_TRUE(commands.ends_with(behind)) << commands;
-    if (commands.size() < before.size() + behind.size()) return commands;
-    return commands.substr(before.size(), commands.size() - before.size() - behind.size());
+    EXPECT_TRUE(commands.ends_with(after)) << commands;
+    if (commands.size() < before.size() + after.size()) return commands;
+    return commands.substr(before.size(), commands.size() - before.size() - after.size());
 }
 
 std::string Coded(const std::string &text) {

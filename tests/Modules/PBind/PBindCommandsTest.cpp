@@ -378,7 +378,7 @@ TEST(PBindCommands, ImagePositionHasNoEffect) {
               LeftBound("PBTC=OFF PBTP="));
 }
 
-// The jobs as the filter prints them: the lines stand together, behind the job line.
+// The jobs as the filter prints them: the lines stand together, after the job line.
 TEST(PBindCommands, InTheJob) {
     const struct {
         const char *options, *attributes;

@@ -377,7 +377,7 @@ TEST(SpecialPageDocument, LongFieldsAreCutTo49Characters) {
     }
     EXPECT_EQ(Inject(Values("Cover", {"0,0,front," + std::string(300, 'x')})),
               Document(NamedCover("front", "front", cut)));
-    // The comma behind such a field is beyond the end of the value, so it is the last field.
+    // The comma after such a field is beyond the end of the value, so it is the last field.
     EXPECT_EQ(Inject(Values("Cover", {"0,0," + std::string(300, 'x') + ",A"})),
               Document(NamedCover("front", cut, cut)));
     EXPECT_EQ(Inject(Values("Cover", {std::string(300, '0')})), Document(""));
