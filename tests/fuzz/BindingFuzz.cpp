@@ -25,7 +25,9 @@ std::string Lines(std::string options) {
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     static const std::vector<FuzzKey> keys = [] {
         UsePpd(KVFILTER_PPD_DIR "/kv4110x.ppd");
-        return TicketKeys("PBind");
+        std::vector<FuzzKey> all = TicketKeys("PBind");
+        AddPpdChoices(all);
+        return all;
     }();
     FuzzInput input(data, size);
     const std::string options = "KVPBindPosition=BindLeft " + FuzzOptions(input, keys);

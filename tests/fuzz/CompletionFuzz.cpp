@@ -82,9 +82,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     const std::size_t wanted = input.Below(ppds.size());
     if (wanted != current) UsePpd(ppds[wanted]);
     current = wanted;
-    const bool isPlain = input.Byte() % 2 != 0;
+    const unsigned kind = input.Byte();
+    const bool isPlain = kind % 2 != 0;
     std::string options = FuzzOptions(input, isPlain ? plain : all);
-    if (input.Byte() % 2) options += std::string("KVPassword=") + kPassword;
+    if (kind / 2 % 2 != 0) options += std::string("KVPassword=") + kPassword;
     char word[] = "1", user[] = "alice", title[] = "Report";
     char *argv[] = {word, word, user, title, word, options.data(), nullptr};
     const CompletedTicket ticket = CompleteTicket(argv);

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // Documents for the fuzz targets: bytes as they are, but that some stand for what a fuzzer would
-// seldom hit upon, a whole line that matters or filler about as long as the line buffer.
+// seldom hit upon, the text of a line that matters, the same with its line end, or filler about as
+// long as the line buffer.
 #pragma once
 
 #include <unistd.h>
@@ -17,7 +18,9 @@
 #include "fuzz/Fuzz.h"
 #include "support/FeatureLines.h"
 
+// Of several line buffers at most, so that hundreds are read in a second.
 inline std::string FuzzDocument(FuzzInput &input) {
+    static const std::size_t features = FeatureLines().size();
     static const std::vector<std::string> lines = [] {
         std::vector<std::string> all = FeatureLines();
         for (const SpecialLine &special : specialLines) all.emplace_back(special.text);
@@ -25,14 +28,16 @@ inline std::string FuzzDocument(FuzzInput &input) {
         all.emplace_back(kUniversalExit);
         return all;
     }();
-    constexpr unsigned kFirstLine = 0x80, kFirstFiller = 0xE0;
+    constexpr unsigned kFirstText = 0x80, kFirstLine = 0xC0, kFirstFiller = 0xE0;
     std::string document;
-    while (!input.Empty()) {
+    while (!input.Empty() && document.size() < 5 * kLineBufferFull) {
         const unsigned byte = input.Byte();
         if (byte >= kFirstFiller) {
             document.append(kLineBufferFull - 8 + byte % 16, 'x');
-        } else if (byte >= kFirstLine && byte - kFirstLine < lines.size()) {
-            document += lines[byte - kFirstLine];
+        } else if (byte >= kFirstLine && byte - kFirstLine + features < lines.size()) {
+            document += lines[byte - kFirstLine + features] + '\n';
+        } else if (byte >= kFirstText && byte - kFirstText < lines.size()) {
+            document += lines[byte - kFirstText];
         } else {
             document += static_cast<char>(byte);
         }

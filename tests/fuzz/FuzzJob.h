@@ -9,6 +9,7 @@
 #include "CommonSource/FilterFrame/Source/JobHeader.h"
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
+#include "Modules/Comment/CommentTicket.h"
 #include "fuzz/FuzzDocument.h"
 #include "support/TempFolder.h"
 
@@ -28,6 +29,8 @@ inline void UsePpd(const std::string &path) {
 inline std::string HeaderOf(std::string options) {
     static const bool bound = (InializeDescriptionTable(), true);
     FUZZ_CHECK(bound);
+    // What the options say of collation stays until others speak of it; a process has one job.
+    psoptioncomment.collation[0] = '\0';
     char word[] = "1";
     char *argv[] = {word, word, word, word, word, options.data(), nullptr};
     return RunQuietly([&] {

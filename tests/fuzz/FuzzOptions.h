@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // Option strings for the fuzz targets: every key that the filter reads, from the rows themselves,
-// with values that the rows speak of, numbers, and any text.
+// with values that the rows speak of, the PPD's choices, numbers, and any text.
 #pragma once
 
 #include <cctype>
@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "CommonSource/FilterFrame/Source/JobPPD.h"
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "FrontEnd/ShortOptions.h"
 #include "fuzz/Fuzz.h"
@@ -51,6 +52,16 @@ inline void AddShortOptionKeys(std::vector<FuzzKey> &keys) {
     }
 }
 
+// Adds the choices that the job's PPD has for options of these names.
+inline void AddPpdChoices(std::vector<FuzzKey> &keys) {
+    for (FuzzKey &key : keys) {
+        const ppd_option_t *option = ppdFindOption(JobPPD(), key.name.c_str());
+        for (int i = 0; option && i < option->num_choices; i++) {
+            key.values.emplace_back(option->choices[i].choice);
+        }
+    }
+}
+
 // A text in quotes that cupsParseOptions takes apart as one value; `more` is any text.
 inline std::string Quoted(std::string_view value) {
     std::string text = "'";
@@ -67,6 +78,7 @@ inline std::string FuzzValue(FuzzInput &input, const std::vector<std::string> &v
     if (kind < 160) return std::to_string(static_cast<int>(kind) - 130);
     if (kind < 176) return std::string(input.Below(3000), static_cast<char>('A' + kind % 26));
     if (kind < 180) return std::to_string(static_cast<long long>(kind - 178) * 0x7FFFFFFF);
+    if (kind < 184) return "a\"\n@PJL EOJ\r\x1b%-12345X";  // would break out of a line
     return input.Text();
 }
 

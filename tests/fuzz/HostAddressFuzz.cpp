@@ -42,7 +42,10 @@ std::string SocketAddress(FuzzInput &input) {
 void CheckAddress(std::string_view address) {
     if (address.empty()) return;
     FUZZ_CHECK(address.front() == 'I' ? address.size() == 9 : address.front() == '6');
-    for (const char digit : address.substr(1)) FUZZ_CHECK(std::isxdigit(digit));
+    for (const char digit : address.substr(1)) {
+        FUZZ_CHECK(std::isxdigit(static_cast<unsigned char>(digit)));
+        FUZZ_CHECK(address.front() == '6' || !std::islower(static_cast<unsigned char>(digit)));
+    }
 }
 
 }  // namespace

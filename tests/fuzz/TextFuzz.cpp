@@ -40,7 +40,7 @@ bool Decode(std::string_view text, std::vector<char32_t> &characters) {
     return true;
 }
 
-// A converted text is terminated, as long as is said, and clear of old bytes behind.
+// A converted text is terminated, as long as is said, and clear of old bytes after that.
 void CheckBuffer(const std::vector<char> &buffer, int length) {
     FUZZ_CHECK(length >= 0 && static_cast<std::size_t>(length) < buffer.size());
     FUZZ_CHECK(std::strlen(buffer.data()) == static_cast<std::size_t>(length));
