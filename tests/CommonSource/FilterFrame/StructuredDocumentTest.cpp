@@ -69,6 +69,22 @@ constexpr char kTwoPages[] =
     "%%Trailer\n"
     "%%EOF\n";
 
+TEST_P(StructuredDocument, TellsEachOfManyPages) {
+    std::string document = "%!PS-Adobe-3.0\n%%EndComments\n", told;
+    for (int page = 1; page <= 20000; page++) {
+        document += "%%Page: 1 1\nshowpage\n";
+        told += "PAGE: " + std::to_string(page) + " 1\n";
+    }
+    const FilterResult result = Run(document);
+    EXPECT_NE(result.output.find(document + "\x04"), result.output.npos);
+    std::istringstream lines(result.errors);
+    std::string line, pages;
+    while (std::getline(lines, line)) {
+        if (line.starts_with("PAGE:")) pages += line + "\n";
+    }
+    EXPECT_TRUE(pages == told) << pages.size() << " bytes of " << told.size();
+}
+
 // Without a ticket, the document comes out as it came in, with one Ctrl-D, on a line of its own.
 TEST_P(StructuredDocument, IsPassedOnToTheByte) {
     const std::string binary = "%%BeginBinary: 8\n\n%%Page:\n%%EndBinary\n";
