@@ -136,19 +136,29 @@ void *realloc(void *block, std::size_t size) noexcept {
 }
 
 ssize_t read(int file, void *buffer, std::size_t size) {
-    return Real<ssize_t(int, void *, std::size_t)>("read")(file, buffer, Short(size));
+    static const auto real = Real<ssize_t(int, void *, std::size_t)>("read");
+    return real(file, buffer, Short(size));
 }
 
 ssize_t pread(int file, void *buffer, std::size_t size, off_t offset) {
-    if (StoreFails()) return -1;
-    return Real<ssize_t(int, void *, std::size_t, off_t)>("pread")(file, buffer, Short(size),
-                                                                   offset);
+    static const auto real = Real<ssize_t(int, void *, std::size_t, off_t)>("pread");
+    return StoreFails() ? -1 : real(file, buffer, Short(size), offset);
 }
 
 ssize_t sendfile(int output, int file, off_t *offset, std::size_t size) noexcept {
-    if (StoreFails()) return -1;
-    return Real<ssize_t(int, int, off_t *, std::size_t)>("sendfile")(output, file, offset,
-                                                                     Short(size));
+    static const auto real = Real<ssize_t(int, int, off_t *, std::size_t)>("sendfile");
+    return StoreFails() ? -1 : real(output, file, offset, Short(size));
+}
+
+ssize_t tee(int from, int to, std::size_t size, unsigned flags) {
+    static const auto real = Real<ssize_t(int, int, std::size_t, unsigned)>("tee");
+    return real(from, to, Short(size), flags);
+}
+
+ssize_t splice(int from, off64_t *start, int to, off64_t *place, std::size_t size, unsigned flags) {
+    static const auto real =
+        Real<ssize_t(int, off64_t *, int, off64_t *, std::size_t, unsigned)>("splice");
+    return real(from, start, to, place, Short(size), flags);
 }
 
 int getaddrinfo(const char *name, const char *service, const addrinfo *hints, addrinfo **list) {

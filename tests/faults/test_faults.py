@@ -6,6 +6,7 @@ comes out, what people hear and how the filter ends stands in faults.tsv."""
 import collections
 import concurrent.futures
 import csv
+import fcntl
 import os
 import pathlib
 import re
@@ -49,12 +50,18 @@ SYSTEM_CALLS = {
     "poll": ("EINTR", "ENOMEM"),
     "lseek": ("ESPIPE",),
     "sendfile": ("EIO", "EINTR", "ENOSYS"),
+    "pipe2": ("EMFILE",),
+    "ioctl": ("EINVAL",),
+    "tee": ("EINVAL", "ENOMEM", "EINTR"),
+    "splice": ("EINVAL", "EIO", "EINTR"),
     "clone3": ("EAGAIN",),
 }
 
-Mode = collections.namedtuple("Mode", "pass_ cups copy")
+Mode = collections.namedtuple("Mode", "pass_ cups copy pipes", defaults=[False])
 MODES = [Mode(pass_, cups, copy) for pass_ in ("plain", "store") for cups in ("off", "on")
          for copy in (False, True)]
+# From pipe to pipe, as CUPS runs its filters, the document is passed on within the kernel.
+PIPES = [Mode("plain", cups, False, True) for cups in ("off", "on")]
 Fault = collections.namedtuple("Fault", "call way target")
 Result = collections.namedtuple("Result", "output errors status files trace allocations")
 
@@ -112,6 +119,21 @@ PPD = """*PPD-Adobe: "4.3"
 """
 
 
+def wide_pipe():
+    """Both ends of a pipe that holds all of a job."""
+    ends = os.pipe()
+    fcntl.fcntl(ends[1], fcntl.F_SETPIPE_SZ, 1 << 20)
+    return open(ends[0], "rb"), open(ends[1], "wb", buffering=0)
+
+
+def filled_pipe(data):
+    """The end of a pipe that `data` come out of."""
+    end, other = wide_pipe()
+    with other:
+        assert other.write(data) == len(data)
+    return end
+
+
 class Bench:
     """Runs jobs, each in a folder of its own."""
 
@@ -143,10 +165,15 @@ class Bench:
                 signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
                 resource.setrlimit(resource.RLIMIT_FSIZE, (limit, limit))
 
-        with open(self.folder / "document", "rb") as document, \
-                open(place / "output", "wb") as output:
+        with filled_pipe(DOCUMENT) if mode.pipes else open(self.folder / "document", "rb") \
+                as document, open(place / "output", "wb") as file:
+            drain, output = wide_pipe() if mode.pipes else (None, file)
             done = subprocess.run(command, stdin=document, stdout=output, stderr=subprocess.PIPE,
                                   env=environment, timeout=TIMEOUT, preexec_fn=prepare)
+            if mode.pipes:
+                output.close()
+                with drain:
+                    file.write(drain.read())
 
         def text(name):
             return (place / name).read_text(errors="replace") if (place / name).exists() else ""
@@ -175,6 +202,8 @@ def target_of(line):
         return "output"
     if re.search(r"\(2<", line):
         return "errors"
+    if re.search(r"<pipe:", line):
+        return "look"
     return "other"
 
 
@@ -201,9 +230,11 @@ def calls_of_main(trace):
     return calls
 
 
-def matters(target, mode):
+def matters(call, target, mode):
     """Whether to fail the calls about a target in a mode: what all modes have in common fails in
     one."""
+    if mode.pipes:
+        return call in ("pipe2", "ioctl", "tee", "splice") or target == "look"
     if mode.copy:
         return target == "copy"
     return target != "other" or mode.pass_ == "store"
@@ -245,7 +276,7 @@ class FaultsTest(unittest.TestCase):
     def setUpClass(cls):
         cls.bench = Bench(cls.enterClassContext(tempfile.TemporaryDirectory()))
         cls.table = Table()
-        cls.whole = {mode: cls.bench.run(mode) for mode in MODES}
+        cls.whole = {mode: cls.bench.run(mode) for mode in MODES + PIPES}
         cls.pool = cls.enterClassContext(concurrent.futures.ThreadPoolExecutor(os.cpu_count()))
         cls.runs = 0
 
@@ -288,10 +319,10 @@ class FaultsTest(unittest.TestCase):
 
     def test_system_calls(self):
         work = []
-        for mode in MODES:
+        for mode in MODES + PIPES:
             calls = calls_of_main(self.bench.run(mode, strace()).trace)
             chosen = sorted({(call, number) for call, number, target in calls
-                             if matters(target, mode)})
+                             if matters(call, target, mode)})
             work += [(Fault(call, error, None), mode, strace(call, error, number))
                      for call, number in chosen for error in SYSTEM_CALLS[call]]
         self.assertGreater(len(work), 300)
@@ -321,7 +352,9 @@ class FaultsTest(unittest.TestCase):
 
     def test_short_reads(self):
         self.check_all([(Fault("read", "short", "document"), mode, (), {"KVFAULT_SHORT": size})
-                        for size in ("1", "7", "8065", "65536") for mode in MODES])
+                        for size in ("1", "7", "8065", "65536") for mode in MODES] +
+                       [(Fault("splice", "short", "document"), mode, (), {"KVFAULT_SHORT": size})
+                        for size in ("8065", "65536") for mode in PIPES])
 
     def test_files_that_may_not_grow(self):
         self.check_all([(Fault("write", "short", "files"), mode, (), {}, limit)

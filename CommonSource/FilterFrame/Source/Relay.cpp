@@ -27,7 +27,7 @@ struct {
     int source = -1;
     int output = -1;
     Kind kind = kNone;
-    bool isRefused = false;      // standard output does not take text this way after all
+    bool isRefused = false;      // it turned out that the system does not relay after all
     int copies[2] = {-1, -1};    // the pipe that copies come through
     const char *next = nullptr;  // in the block: the first byte that is still in the source
     const char *end = nullptr;   // end of the block
@@ -85,6 +85,15 @@ ssize_t LookAt(int pipe, char *block, std::size_t size) {
     return count;
 }
 
+// From now on the document is read and written as usual.
+void Refuse() {
+    relay.isRefused = true;
+    for (int &end : relay.copies) {
+        if (end >= 0) close(end);  // it may hold what nobody will look at
+        end = -1;
+    }
+}
+
 ssize_t Send(std::size_t size) {
     if (relay.kind == kPipe) {
         return splice(relay.source, nullptr, relay.output, nullptr, size, SPLICE_F_MOVE);
@@ -111,10 +120,15 @@ ssize_t RelayRead(int file, char *block, std::size_t size) {
     const std::ptrdiff_t rest = relay.end - relay.next;
     if (rest > 0 && relay.kind == kPipe) return Fail();  // could not be skipped
     int arrived = 0;
-    const bool stays =
+    bool stays =
         relay.kind == kFile || (ioctl(file, FIONREAD, &arrived) == 0 && arrived >= kWorthwhile);
-    const ssize_t count =
-        stays && relay.kind == kPipe ? LookAt(file, block, size) : read(file, block, size);
+    ssize_t count = -1;
+    if (stays && relay.kind == kPipe) {
+        count = LookAt(file, block, size);
+        stays = count >= 0 || errno == EINTR || errno == EAGAIN;
+        if (!stays) Refuse();
+    }
+    if (!stays || relay.kind == kFile) count = read(file, block, size);
     if (stays && count > 0) {
         relay.next = block - rest;
         relay.end = block + count;
@@ -146,7 +160,7 @@ std::string_view SendRelayed() {
         relay.offset += count;
         relay.kept -= static_cast<std::size_t>(count);
     }
-    if (relay.kept > 0) relay.isRefused = true;
+    if (relay.kept > 0) Refuse();
     return {relay.next, std::exchange(relay.kept, 0)};
 }
 
