@@ -55,12 +55,6 @@ bool KnowsComments(DocumentReader::Mode mode) {
     return mode == DocumentReader::kComments || mode == DocumentReader::kFeaturesAndComments;
 }
 
-// Whether a search for comments has stopped at a per-cent sign that neither begins a line nor may
-// end a printer language.
-bool IsStrayPercent(const char *hit) {
-    return (*hit == '%' && !IsLineEnd(hit[-2])) || (*hit == '-' && hit[-2] != kUniversalExit[0]);
-}
-
 template <std::size_t count>
 bool HoldsAll(std::string_view line, const std::string_view (&names)[count]) {
     return std::all_of(names, names + count, [line](std::string_view name) {
@@ -159,7 +153,6 @@ bool DocumentReader::FindRecognisedLine(DocumentPiece &line) {
         const char *hit = (hasSigns ? search_.findLineEnd : findLine_)(scan_, limit_);
         if (hit == limit_) break;
         scan_ = hit + 1;
-        if (KnowsComments(mode_) && IsStrayPercent(hit)) continue;
         lineMayMatter_ = !IsLineEnd(*hit);
         if (!lineMayMatter_ && Recognise(hit, hasSigns, line)) {
             lineStart_ = scan_;

@@ -46,11 +46,6 @@ HWY_INLINE bool IsHit(const char *last, Patterns<patterns...>) {
     return (EndsAt<patterns>(last, std::make_index_sequence<patterns.size>()) || ...);
 }
 
-template <Pattern... patterns>
-HWY_INLINE bool IsHit(const char *last, LineEndAfter<patterns...>) {
-    return IsHit(last, LineEnd()) && IsHit(last - 1, Patterns<patterns...>());
-}
-
 template <class D>
 HWY_INLINE hn::Vec<D> Load(D vector, const char *at) {
     return hn::LoadU(vector, reinterpret_cast<const std::uint8_t *>(at));
@@ -64,47 +59,38 @@ HWY_INLINE hn::Vec<D> LookUp(D vector, const Rows &rows, hn::Vec<D> bytes) {
     return hn::TableLookupBytes(hn::LoadDup128(vector, rows.entries), bytes);
 }
 
-template <ByteSet set, class D>
-HWY_INLINE hn::Mask<D> Holds(D vector, hn::Vec<D> bytes) {
-    if constexpr (set.size == 1) {
-        return hn::Eq(bytes, hn::Set(vector, set.last));
-    } else {
-        return hn::Eq(LookUp(vector, set.rows, bytes), bytes);
+// Which of the bytes the set holds.
+template <class D>
+HWY_INLINE hn::Mask<D> Holds(D vector, const ByteSet &set, hn::Vec<D> bytes) {
+    return hn::Eq(LookUp(vector, set.rows, bytes), bytes);
+}
+
+// Of a vector of bytes, those that may be the last one of a pattern.
+template <class D>
+HWY_INLINE hn::Mask<D> MayBeHits(D vector, const char *last, LineEnd) {
+    static constexpr ByteSet kLineEnds = [] {
+        ByteSet set;
+        set.Add('\n');
+        return set;
+    }();
+    return Holds(vector, kLineEnds, Load(vector, last));
+}
+
+template <class D, Pattern... patterns>
+HWY_INLINE hn::Mask<D> MayBeHits(D vector, const char *last, Patterns<patterns...>) {
+    static constexpr Sieve kSieve = SieveOf<patterns...>();
+    const auto middle = Load(vector, last - 1);
+    auto pass = Holds(vector, kSieve.middles, middle);
+    if constexpr (kSieve.moreMiddles.size > 0) {
+        pass = hn::Or(pass, Holds(vector, kSieve.moreMiddles, middle));
     }
+    const auto marks = hn::And(LookUp(vector, kSieve.marksOfMiddle, middle),
+                               hn::And(LookUp(vector, kSieve.marksOfFirst, Load(vector, last - 2)),
+                                       LookUp(vector, kSieve.marksOfLast, Load(vector, last))));
+    return hn::AndNot(hn::Eq(marks, hn::Zero(vector)), pass);
 }
 
-// Of a vector of bytes, those that may be the last one of a pattern: it and the one before occur
-// there in some pattern.
-template <class D, Pattern first, Pattern... more>
-HWY_INLINE hn::Mask<D> MayBeHits(D vector, const char *last, Patterns<first, more...>) {
-    const auto hits = Holds<BytesAt<first, more...>(0)>(vector, Load(vector, last));
-    if constexpr (first.size == 1) {
-        return hits;
-    } else {
-        return hn::And(hits, Holds<BytesAt<first, more...>(1)>(vector, Load(vector, last - 1)));
-    }
-}
-
-// Those that may be a line end after a pair. The bytes before it are exact, those before that may
-// be others with the same low half.
-template <class D, Pattern... pairs>
-HWY_INLINE hn::Mask<D> MayBeHits(D vector, const char *last, LineEndAfter<pairs...>) {
-    constexpr ByteSet seconds = BytesAt<pairs...>(0);
-    constexpr PairMarks marks = MarksOf<pairs...>();
-    const auto lineEnds = MayBeHits(vector, last, LineEnd());
-    const auto second = Load(vector, last - 1);
-    const auto mark = LookUp(vector, marks.ofSecond, second);
-    const auto allowed = LookUp(vector, marks.ofFirst, Load(vector, last - 2));
-    const auto arePairs = hn::Eq(hn::And(allowed, mark), mark);
-    return hn::And(hn::And(lineEnds, Holds<seconds>(vector, second)), arePairs);
-}
-
-template <class D, class P, class... Ps>
-HWY_INLINE hn::Mask<D> MayBeHits(D vector, const char *last, P patterns, Ps... more) {
-    return hn::Or(MayBeHits(vector, last, patterns), MayBeHits(vector, last, more...));
-}
-
-template <class... Ps>
+template <class P>
 const char *Find(const char *from, const char *end) {
 #if HWY_TARGET != HWY_SCALAR
     const hn::ScalableTag<std::uint8_t> vector;
@@ -112,23 +98,28 @@ const char *Find(const char *from, const char *end) {
     while (end - from >= width) {
         // Two at a time, as long as nothing is found.
         while (end - from >= 2 * width &&
-               hn::AllFalse(vector, hn::Or(MayBeHits(vector, from, Ps()...),
-                                           MayBeHits(vector, from + width, Ps()...)))) {
+               hn::AllFalse(vector, hn::Or(MayBeHits(vector, from, P()),
+                                           MayBeHits(vector, from + width, P())))) {
             from += 2 * width;
         }
         if (end - from < width) break;
-        const auto hits = MayBeHits(vector, from, Ps()...);
+        const auto hits = MayBeHits(vector, from, P());
         if (hn::AllFalse(vector, hits)) {
             from += width;
         } else {
             from += hn::FindKnownFirstTrue(vector, hits);
-            if ((IsHit(from, Ps()) || ...)) return from;
+            if (IsHit(from, P())) return from;
             from++;
         }
     }
 #endif
-    while (from != end && !(IsHit(from, Ps()) || ...)) from++;  // what fills no vector
+    while (from != end && !IsHit(from, P())) from++;  // what fills no vector
     return from;
+}
+
+template <class... Ps>
+const char *FindAny(const char *from, const char *end) {
+    return Find<decltype((Ps() + ...))>(from, end);
 }
 
 const LineSearch *Searches() {
@@ -136,9 +127,9 @@ const LineSearch *Searches() {
         hwy::TargetName(HWY_TARGET),
         Find<LineEnd>,
         Find<SpecialLineEnd>,
-        Find<SpecialLineEnd, FeatureSign, SettingsSign>,
-        Find<OtherSpecialLineEnd, CommentSign>,
-        Find<OtherSpecialLineEnd, CommentSign, SettingsSign>,
+        FindAny<SpecialLineEnd, FeatureSign, SettingsSign>,
+        FindAny<OtherSpecialLineEnd, CommentSign>,
+        FindAny<OtherSpecialLineEnd, CommentSign, SettingsSign>,
     };
     return &searches;
 }

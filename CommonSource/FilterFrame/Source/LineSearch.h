@@ -20,8 +20,8 @@ struct LineSearch {
     // The same, or the last byte of "%%B", "SCR" or "CPR": the line there may hold PPD feature code
     // or printer settings.
     Search findSpecialOrSettingsLine;
-    // For documents of any maker: the last byte of "%%", which stands in comments, or of "%-",
-    // which stands in the sequence that ends a printer language; or the next line end after two
+    // For documents of any maker: the last byte of "%%" at the beginning of a line, which is a
+    // comment, or of ESC "%-", which may end a printer language; or the next line end after two
     // bytes that a special line may end in, unless that is a comment.
     Search findCommentLine;
     // The same, or the last byte of "SCR" or "CPR".

@@ -7,7 +7,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <initializer_list>
 #include <string_view>
 #include <utility>
 
@@ -21,11 +20,17 @@ struct Pattern {
     std::size_t size = 0;
     char bytes[kLookBack + 1] = {};
 
+    constexpr Pattern() = default;
     template <std::size_t textSize>
-    consteval Pattern(const char (&text)[textSize])
-        : Pattern(std::string_view(text, textSize - 1)) {}
-    consteval Pattern(std::string_view text) : size(text.size()) {
+    constexpr Pattern(const char (&text)[textSize]) : size(textSize - 1) {
         for (std::size_t i = 0; i < size; i++) bytes[i] = text[i];
+    }
+    // The line end after a line that ends in two bytes.
+    constexpr explicit Pattern(const SpecialLine &line) : size(3) {
+        const std::string_view end = line.text.substr(line.text.size() - 2);
+        bytes[0] = end[0];
+        bytes[1] = end[1];
+        bytes[2] = '\n';
     }
 };
 
@@ -33,85 +38,97 @@ struct Pattern {
 template <Pattern... patterns>
 struct Patterns {};
 
-// A line end after any of the patterns, which then have two bytes at most.
-template <Pattern... patterns>
-struct LineEndAfter {};
+template <Pattern... some, Pattern... more>
+Patterns<some..., more...> operator+(Patterns<some...>, Patterns<more...>);
 
 // A look-up of bytes by their low halves.
 struct Rows {
     alignas(16) std::uint8_t entries[16] = {};
 
-    constexpr std::uint8_t &operator[](std::uint8_t byte) { return entries[byte & 15]; }
+    constexpr std::uint8_t &Of(char byte) { return entries[byte & 15]; }
 };
 
 // Bytes with different low halves, each in its row. The other rows hold a byte of another row.
 struct ByteSet {
     std::size_t size = 0;
-    std::uint8_t last = 0;  // that was added
     Rows rows{{1}};
 
-    consteval void Add(char character) {
-        const auto byte = static_cast<std::uint8_t>(character);
-        if (rows[byte] == byte) return;
-        if ((rows[byte] & 15) == (byte & 15)) throw "two bytes with the same low half";
-        rows[byte] = last = byte;
-        size++;
-        if (character == '\n') Add('\r');
-    }
-};
-
-// The bytes that the patterns have `back` bytes in front of their last.
-template <Pattern... patterns>
-consteval ByteSet BytesAt(std::size_t back) {
-    ByteSet set;
-    (set.Add(patterns.bytes[patterns.size - 1 - back]), ...);
-    return set;
-}
-
-// What tells pairs of bytes from mixtures of them: each second byte has a mark of its own, and the
-// first bytes have those of the second ones that follow them.
-struct PairMarks {
-    Rows ofFirst, ofSecond;
-};
-
-template <Pattern... pairs>
-consteval PairMarks MarksOf() {
-    PairMarks marks;
-    std::uint8_t next = 1;
-    for (const Pattern &pair : {pairs...}) {
-        std::uint8_t &mark = marks.ofSecond[static_cast<std::uint8_t>(pair.bytes[1])];
-        if (mark == 0) {
-            if (next == 0) throw "more than eight second bytes";
-            mark = next;
-            next = static_cast<std::uint8_t>(next << 1);
+    // False if another byte has that row.
+    constexpr bool Add(char byte) {
+        std::uint8_t &row = rows.Of(byte);
+        const auto added = static_cast<std::uint8_t>(byte);
+        if (row != added) {
+            if ((row & 15) == (added & 15)) return false;
+            row = added;
+            size++;
         }
-        marks.ofFirst[static_cast<std::uint8_t>(pair.bytes[0])] |= mark;
+        return byte != '\n' || Add('\r');
     }
-    return marks;
+};
+
+// What tells the patterns of three bytes from nearly all else. Each byte that is the middle of one
+// has a mark; the bytes that may stand before and after it have its mark too.
+struct Sieve {
+    ByteSet middles, moreMiddles;
+    Rows marksOfFirst, marksOfMiddle, marksOfLast;
+
+    constexpr void Add(const Pattern &pattern, std::uint8_t mark) {
+        if (pattern.size != 3) throw "not three bytes";
+        const auto [first, middle, last] = pattern.bytes;
+        if (!middles.Add(middle) && !moreMiddles.Add(middle)) throw "too many of one low half";
+        Mark(marksOfFirst, first, mark);
+        Mark(marksOfMiddle, middle, mark);
+        Mark(marksOfLast, last, mark);
+    }
+
+    static constexpr void Mark(Rows &rows, char byte, std::uint8_t mark) {
+        rows.Of(byte) |= mark;
+        if (byte == '\n') rows.Of('\r') |= mark;
+    }
+};
+
+template <Pattern... patterns>
+consteval Sieve SieveOf() {
+    constexpr Pattern list[] = {patterns...};
+    Sieve sieve;
+    unsigned next = 1;
+    for (std::size_t i = 0; i < sizeof...(patterns); i++) {
+        std::size_t same = 0;  // the first pattern with that middle
+        while (list[same].bytes[1] != list[i].bytes[1]) same++;
+        if (same < i) continue;
+        if (next > 128) throw "more than eight middles";
+        for (const Pattern &pattern : list) {
+            if (pattern.bytes[1] == list[i].bytes[1]) {
+                sieve.Add(pattern, static_cast<std::uint8_t>(next));
+            }
+        }
+        next *= 2;
+    }
+    return sieve;
 }
 
 constexpr bool IsComment(const SpecialLine &line) {
     return line.text.starts_with("%%");
 }
 
-// The last two bytes of the special lines, or of those that are no comments.
+// The ends of the special lines, or of those that are no comments.
 template <bool comments>
-constexpr auto LastTwoBytes() {
+constexpr auto lineEnds = [] {
     constexpr auto isWanted = [](const SpecialLine &line) { return comments || !IsComment(line); };
-    std::array<std::string_view, std::ranges::count_if(specialLines, isWanted)> ends;
+    std::array<Pattern, std::ranges::count_if(specialLines, isWanted)> ends;
     auto end = ends.begin();
     for (const SpecialLine &line : specialLines) {
-        if (isWanted(line)) *end++ = line.text.substr(line.text.size() - 2);
+        if (isWanted(line)) *end++ = Pattern(line);
     }
     return ends;
-}
+}();
 
 template <bool comments, std::size_t... i>
-LineEndAfter<Pattern(LastTwoBytes<comments>()[i])...> AfterLastTwoBytes(std::index_sequence<i...>);
+Patterns<lineEnds<comments>[i]...> PatternsOf(std::index_sequence<i...>);
 
 template <bool comments>
-using SpecialLineEndOf = decltype(AfterLastTwoBytes<comments>(
-    std::make_index_sequence<LastTwoBytes<comments>().size()>()));
+using SpecialLineEndOf =
+    decltype(PatternsOf<comments>(std::make_index_sequence<lineEnds<comments>.size()>()));
 
 using LineEnd = Patterns<"\n">;
 using SpecialLineEnd = SpecialLineEndOf<true>;
@@ -121,5 +138,5 @@ using SettingsSign = Patterns<"SCR", "CPR">;
 using FeatureSign = Patterns<"%%B">;
 // In comments, special lines and feature code among them, and in the end of a printer language
 // (ESC "%-12345X").
-using CommentSign = Patterns<"%%", "%-">;
+using CommentSign = Patterns<"\n%%", "\x1b%-">;
 using OtherSpecialLineEnd = SpecialLineEndOf<false>;

@@ -35,8 +35,8 @@ bool EndsSpecialOrSettings(std::string_view three) {
 }
 
 bool EndsSpecialOrComment(std::string_view three) {
-    const std::string_view two = three.substr(1);
-    return EndsLineAfter("epdpbpgeut", three) || two == "%%" || two == "%-";
+    return EndsLineAfter("epdpbpgeut", three) || three == "\n%%" || three == "\r%%" ||
+           three == "\x1b%-";
 }
 
 bool EndsSpecialOrCommentOrSettings(std::string_view three) {
@@ -88,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(Variants, LineSearchTest, testing::ValuesIn(Searches())
 
 // Every run of three bytes out of those that matter and some that come close.
 TEST_P(LineSearchTest, StopsAtNothingElse) {
-    constexpr std::string_view kBytes("epbdugotxEBSCPR%-\n\r\0\x8a\x8d ", 23);
+    constexpr std::string_view kBytes("epbdugotxEBSCPR%-\n\r\0\x8a\x8d \x1b;", 25);
     std::string text;
     for (const char first : kBytes) {
         for (const char second : kBytes) {
@@ -104,7 +104,7 @@ TEST_P(LineSearchTest, StopsAtNothingElse) {
 
 // Blocks of every length up to some vectors, with a match at every place.
 TEST_P(LineSearchTest, FindsAMatchAtEveryPlaceOfEveryBlock) {
-    for (const std::string_view match : {"ut\r", "ge\n", "%%B", "SCR", "\r%%"}) {
+    for (const std::string_view match : {"ut\r", "ge\n", "%%B", "SCR", "\r%%", "\x1b%-"}) {
         for (std::size_t length = 3; length < 70; length++) {
             for (std::size_t at = 0; at + 3 <= length; at++) {
                 std::string text(length, 'p');
