@@ -5,10 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <random>
-#include <regex>
 
 #include "FrontEnd/OptionString.h"
 #include "FrontEnd/ShortOptions.h"
+#include "support/Matches.h"
 #include "support/Ppd.h"
 #include "support/RunFilter.h"
 
@@ -28,7 +28,8 @@ const char *const kEncodings[] = {"", "*KVPrinterLanguageEncoding: \"UTF-8\"\n",
 
 // A line of a header: complete, with no quotation mark within a string.
 bool IsWhole(const std::string &line) {
-    static const std::regex whole(
+    return Matches(
+        line,
         "\x1B%-12345X@PJL JOB MODE=PRINTER\r\n"
         "|@PJL SET JOBATTR=\"@[A-Z]{4}=[^\"\r\n\x1B]*\"\r?\n"
         "|@PJL SET (USERNAME|HOLDENCRYPTKEY|BOXENCRYPTKEY|JOBNAME)=\"[^\"\r\n\x1B]+\"\r\n"
@@ -36,7 +37,6 @@ bool IsWhole(const std::string &line) {
         "|@PJL SET (HOLD|HOLDTYPE|JOBOFFSET|RENDERMODE)=[A-Z]+\n"
         "|@PJL COMMENT KVJOBINFO [A-Z]+(=[A-Z0-9.:\\[\\]]+)?\n"
         "|@PJL ENTER LANGUAGE=POSTSCRIPT\n");
-    return std::regex_match(line, whole);
 }
 
 class Generator {

@@ -16,7 +16,6 @@
 #include <clocale>
 #include <csignal>
 #include <cstring>
-#include <regex>
 
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
 #include "CommonSource/FilterFrame/Source/JobCopy.h"
@@ -25,6 +24,7 @@
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "support/FilterProcess.h"
 #include "support/GermanLocale.h"
+#include "support/Matches.h"
 #include "support/Ppd.h"
 #include "support/RunFilter.h"
 #include "support/TempFolder.h"
@@ -277,7 +277,7 @@ TEST(JobRun, KeepsACopyOfTheJobWhenTheMarkerFileExists) {
         files.push_back(entry.path());
     }
     ASSERT_EQ(files.size(), 1U);
-    EXPECT_TRUE(std::regex_match(files[0].filename().string(), std::regex("kv\\d{14}\\.job")));
+    EXPECT_TRUE(Matches(files[0].filename().string(), "kv\\d{14}\\.job"));
     EXPECT_EQ(copies.Read(files[0].filename()), output);
     struct stat status;
     ASSERT_EQ(stat(files[0].c_str(), &status), 0);

@@ -12,8 +12,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
-#include <regex>
 
+#include "support/Matches.h"
 #include "support/TempFolder.h"
 
 namespace {
@@ -73,7 +73,7 @@ TEST_F(PrivateFileTest, IsNamedAfterTheTimeAndPrivate) {
     ASSERT_NE(file, nullptr);
     std::fputs("text", file);
     std::fclose(file);
-    EXPECT_TRUE(std::regex_match(path_, std::regex(folder_.Path().string() + "/kv\\d{14}\\.job")));
+    EXPECT_TRUE(Matches(path_, folder_.Path().string() + "/kv\\d{14}\\.job"));
     struct stat status;
     ASSERT_EQ(stat(path_, &status), 0);
     EXPECT_EQ(status.st_mode & 07777, 0600U);
@@ -91,8 +91,7 @@ TEST_F(PrivateFileTest, TakesTheProcessIdWhenTheNameIsTaken) {
     ASSERT_NE(second, nullptr);
     EXPECT_NE(firstPath, secondPath);
     const std::string pid = std::to_string(getpid());
-    EXPECT_TRUE(std::regex_match(
-        secondPath, std::regex(folder_.Path().string() + "/kv\\d{14}(-" + pid + ")?\\.job")));
+    EXPECT_TRUE(Matches(secondPath, folder_.Path().string() + "/kv\\d{14}(-" + pid + ")?\\.job"));
     if (firstPath.substr(0, firstPath.size() - 4) == secondPath.substr(0, firstPath.size() - 4)) {
         EXPECT_EQ(secondPath, firstPath.substr(0, firstPath.size() - 4) + "-" + pid + ".job");
     }
@@ -115,8 +114,7 @@ void PlantAround(const std::filesystem::path &folder, Make make) {
 
 // A name that nobody could foretell.
 bool IsRandomName(const std::string &path, const TempFolder &folder) {
-    return std::regex_match(path,
-                            std::regex(folder.Path().string() + "/kv\\d{14}-[A-Za-z0-9]{6}\\.job"));
+    return Matches(path, folder.Path().string() + "/kv\\d{14}-[A-Za-z0-9]{6}\\.job");
 }
 
 TEST_F(PrivateFileTest, OverwritesNothing) {
