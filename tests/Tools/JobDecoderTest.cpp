@@ -66,7 +66,7 @@ struct Decoded {
 };
 
 TEST(JobDecoder, TakesAJobApart) {
-    for (const std::size_t step : {0, 1, 7, 1000}) {
+    for (const std::size_t step : {0U, 1U, 7U, 1000U}) {
         const Decoded decoded(kJob, step);
         const DecodedJob &job = decoded.job;
         EXPECT_EQ(decoded.Problems(), "");
@@ -158,7 +158,7 @@ TEST(JobDecoder, SaysWhatIsWrong) {
         {"<?xml version=\"1.0\"?>\n<kpif><a></kpif>\n" + kPlainJob, "special-pages "},
     };
     for (const auto &test : cases) {
-        for (const std::size_t step : {0, 1}) {
+        for (const std::size_t step : {0U, 1U}) {
             EXPECT_EQ(Decoded(test.job, step).Problems(), test.problems) << test.job.substr(0, 200);
         }
     }
@@ -182,7 +182,7 @@ TEST(JobDecoder, NeverShowsASecretInAProblem) {
 TEST(JobDecoder, ReadsCopiesOfJobsWithPJLFeatures) {
     const std::string job = kHeader + "%!PS-Adobe-3.0\n@PJL SET RET=ON\n%%Page: 1 1\n" +
                             "@PJL SET JOBATTR=\"@TRAP=ON\"\nep\n\x04" + kSwitch + kTrailer;
-    for (const std::size_t step : {0, 1}) {
+    for (const std::size_t step : {0U, 1U}) {
         const Decoded decoded(job, step);
         EXPECT_EQ(decoded.Problems(), "");
         EXPECT_TRUE(decoded.job.document.isCopy);

@@ -36,7 +36,7 @@ inline void ExpectFields(int (*getTicket)(char *const argv[]),
     const std::string text(300, 'x');
     for (const TicketField &given : fields) {
         SCOPED_TRACE(given.key);
-        for (const std::size_t more : {1, 0}) {
+        for (const std::size_t more : {1U, 0U}) {
             const std::string value = given.text ? text.substr(0, given.size - 1 + more) : "42";
             ReadTicket(getTicket, given.key + "=" + value);
             for (const TicketField &field : fields) {

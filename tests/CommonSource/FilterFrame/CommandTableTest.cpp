@@ -298,7 +298,7 @@ TEST(CommandTable, ReturnsTheLengthOfTheLastValue) {
 }
 
 TEST(CommandTable, ALineIsCutAt229Characters) {
-    for (const std::size_t length : {228, 229, 230, 1000}) {
+    for (const std::size_t length : {228U, 229U, 230U, 1000U}) {
         const std::string text(length, 'x');
         const std::string kept = text.substr(0, kLength);
         EXPECT_EQ(Expand(text), kept);
@@ -311,7 +311,7 @@ TEST(CommandTable, ALineIsCutAt229Characters) {
 }
 
 TEST(CommandTable, AFormatIsCutAt229CharactersToo) {
-    for (const std::size_t front : {226, 227, 228, 229}) {
+    for (const std::size_t front : {226U, 227U, 228U, 229U}) {
         const std::string before(front, 'x');
         const std::string format = (before + "%s!").substr(0, kLength);
         std::string expected = format;

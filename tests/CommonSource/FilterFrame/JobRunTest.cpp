@@ -326,8 +326,8 @@ TEST(JobRun, OpensThePPDOnce) {
         filter.CloseInput();
         filter.ReadToEnd();
         EXPECT_EQ(filter.Wait(), 0);
-        inotify_event events[16];
-        EXPECT_EQ(read(watch, events, sizeof events), static_cast<ssize_t>(sizeof events[0]));
+        alignas(inotify_event) char events[16 * sizeof(inotify_event)];
+        EXPECT_EQ(read(watch, events, sizeof events), static_cast<ssize_t>(sizeof(inotify_event)));
         close(watch);
     }
 }

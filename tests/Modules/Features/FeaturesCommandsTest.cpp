@@ -141,7 +141,7 @@ TEST(FeaturesCommands, WithoutAChosenSideTheMediaDecide) {
 TEST(FeaturesCommands, PunchingIsReadAsFarAsItsFieldReaches) {
     constexpr char kOff[] = "@PJL SET JOBATTR=\"@FACE=OFF\"\n";
     constexpr char kUp[] = "@PJL SET JOBATTR=\"@FACE=UP\"\n";
-    for (const auto &[length, sent] : {std::pair(94, kUp), {95, kUp}, {96, kOff}}) {
+    for (const auto &[length, sent] : {std::pair(94U, kUp), {95U, kUp}, {96U, kOff}}) {
         EXPECT_EQ(FeaturesOf({{"EjectOptionsListTicket", "1"},
                               {"KVNumPunchHoles", std::string(length, '-') + "Coil"},
                               {"featuresMediaTypeTabTicket", "true"},

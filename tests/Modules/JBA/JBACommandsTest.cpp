@@ -150,7 +150,7 @@ constexpr char kNoPasswordNoAccount[] =
 
 TEST(JBACommands, TheLoginUserIsChargedByTheFirst32BytesOfItsName) {
     const std::string name = "abcdefghijklmnopqrstuvwxyz0123456789";
-    for (const std::size_t length : {31, 32, 33}) {
+    for (const std::size_t length : {31U, 32U, 33U}) {
         const std::string user = name.substr(0, length);
         EXPECT_EQ(CommandsOfFilter(LoginJob(user)),
                   ClientLines(user) + "@PJL SET JOBATTR=\"@JOAU=" +
@@ -187,7 +187,7 @@ TEST(JBACommands, AListEntryCanWithholdTheUser) {
 }
 
 TEST(JBACommands, ALongUserNameLosesItsLineEnd) {
-    for (const std::size_t length : {203, 204, 205, 254, 255, 300}) {
+    for (const std::size_t length : {203U, 204U, 205U, 254U, 255U, 300U}) {
         RuledJob job = PlainJob();
         job.user = std::string(length, 'u');
         std::string line = "@PJL SET JOBATTR=\"@LUNA=" + job.user + "\"\n";
@@ -271,7 +271,7 @@ TEST(JBACommands, SlashCodedPasswords) {
 }
 
 TEST(JBACommands, ALongPasswordIsCutWithItsLine) {
-    for (const std::size_t length : {202, 203, 204, 205, 253, 254, 255}) {
+    for (const std::size_t length : {202U, 203U, 204U, 205U, 253U, 254U, 255U}) {
         std::string line = "@PJL SET JOBATTR=\"@JOEP=" + std::string(length, 'p') + "\"\r\n";
         line.resize(std::min<std::size_t>(line.size(), 229));
         EXPECT_EQ(PasswordLine(std::string(length, 'p')), line) << length;

@@ -163,7 +163,9 @@ TEST(WatermarkJob, GoesWithTheOutputHandlingFeatures) {
 
 std::string Coded(const std::string &text) {
     std::string coded;
-    for (const unsigned char byte : text) coded.append("/").append(std::to_string(byte));
+    for (const char byte : text) {
+        coded.append("/").append(std::to_string(static_cast<unsigned char>(byte)));
+    }
     return coded;
 }
 
