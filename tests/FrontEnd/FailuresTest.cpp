@@ -19,7 +19,6 @@
 namespace {
 
 constexpr char kCUPS[] = "*KVFrontEnd: \"CUPS\"\n";
-const std::string kBody = "%!PS\nbp\nep\n";
 
 std::string Ppd(bool isDecomposition, bool isCUPS) {
     return PpdWith("*KVPSDecompMode: \"" + std::string(isDecomposition ? "1" : "0") + "\"\n" +
