@@ -10,6 +10,13 @@
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "support/TicketJob.h"
 
+// How Clang says that AddressSanitizer is there.
+#ifdef __has_feature
+#if __has_feature(address_sanitizer)
+#define __SANITIZE_ADDRESS__ 1
+#endif
+#endif
+
 // Memory that runs out, once, at the n-th request. AddressSanitizer has an allocator of its own.
 #if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__)
 #define KVFILTER_CAN_RUN_OUT_OF_MEMORY
