@@ -182,6 +182,12 @@ TEST(QueueDefaults, SidesFollowWhatConstraintsMakeOfDuplex) {
     EXPECT_EQ(ticket.notices.size(), 1U) << Said(ticket);
     const bool oneSided = Value(ticket, "sides") == "one-sided";
     EXPECT_EQ(oneSided, Value(ticket, "MediaType") == "Glossy") << Said(ticket);
+
+    const std::string twoSided = PpdOption("Duplex", "DuplexNoTumble None DuplexTumble");
+    const CompletedTicket glossy = Complete(
+        {"MediaType=Glossy sides=two-sided-long-edge", lines.substr(kDuplex.size()) + twoSided});
+    EXPECT_EQ(Value(glossy, "sides"), "one-sided") << Said(glossy);
+    EXPECT_EQ(Value(glossy, "MediaType"), "Glossy");
 }
 
 TEST(QueueDefaults, CustomTextIsWhole) {
