@@ -25,11 +25,15 @@ std::string Ppd(bool isDecomposition, bool isCUPS) {
                    (isCUPS ? kCUPS : ""));
 }
 
+// Without how far the job has come, which a slow machine says and a fast one need not.
 std::string Errors(const std::string &messages) {
     std::string errors;
     std::istringstream lines(messages);
     for (std::string line; std::getline(lines, line);) {
-        if (!line.starts_with("DEBUG:") && !line.starts_with("ATTR:")) errors += line + "\n";
+        const bool isProgress = line.starts_with("INFO: Printing page ");
+        if (!isProgress && !line.starts_with("DEBUG:") && !line.starts_with("ATTR:")) {
+            errors += line + "\n";
+        }
     }
     return errors;
 }
