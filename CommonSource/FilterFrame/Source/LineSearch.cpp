@@ -62,6 +62,7 @@ HWY_INLINE hn::Vec<D> LookUp(D vector, const Rows &rows, hn::Vec<D> bytes) {
 // Which of the bytes the set holds.
 template <class D>
 HWY_INLINE hn::Mask<D> Holds(D vector, const ByteSet &set, hn::Vec<D> bytes) {
+    if (set.size == 1) return hn::Eq(bytes, hn::Set(vector, set.last));
     return hn::Eq(LookUp(vector, set.rows, bytes), bytes);
 }
 

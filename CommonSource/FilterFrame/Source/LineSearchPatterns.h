@@ -51,6 +51,7 @@ struct Rows {
 // Bytes with different low halves, each in its row. The other rows hold a byte of another row.
 struct ByteSet {
     std::size_t size = 0;
+    std::uint8_t last = 0;  // that was added
     Rows rows{{1}};
 
     // False if another byte has that row.
@@ -59,7 +60,7 @@ struct ByteSet {
         const auto added = static_cast<std::uint8_t>(byte);
         if (row != added) {
             if ((row & 15) == (added & 15)) return false;
-            row = added;
+            row = last = added;
             size++;
         }
         return byte != '\n' || Add('\r');
