@@ -5,14 +5,19 @@
 // print what follows as text.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 inline constexpr std::string_view kUniversalExit = "\x1b%-12345X";
 
+// Bytes at the end of a text that may be the beginning of PJL which goes on after it, and the Ctrl-D
+// in front of that: at most 13.
+std::size_t PJLBegunAtEnd(std::string_view text);
+
 class ForeignPJL {
   public:
-    // Takes what is document off the front of `text`, a line or the rest of one, and returns it,
-    // its line end included; drops what is PJL. Empty when all of `text` has been used. From the
+    // Takes what is document off the front of `text`, a line or a part of one, and returns it, its
+    // line end included; drops what is PJL. Empty when all of `text` has been used. From the
     // sequence on, lines of PJL and empty lines are dropped, and before any document has come, all
     // lines up to one that begins with "%!".
     std::string_view TakeDocument(std::string_view &text);
@@ -31,6 +36,7 @@ class ForeignPJL {
     bool IsDropped(std::string_view line) const;
 
     bool isOpen_ = false;
+    bool lineGoesOn_ = false;  // what was dropped last was not the end of its line
     bool wasFound_ = false;
     bool hasDocument_ = false;
 };

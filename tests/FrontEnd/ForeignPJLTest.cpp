@@ -49,6 +49,30 @@ TEST(ForeignPJL, EndsWithTheLineThatIsNoPJL) {
               "one%!PS\n@PJL\n");
 }
 
+TEST(ForeignPJL, EndsWithItsLineThoughThatComesInParts) {
+    ForeignPJL pjl;
+    std::string document;
+    for (std::string_view part :
+         {std::string_view("one\x04\x1b%-12345X@PJL COMMENT a"), std::string_view("b"),
+          std::string_view("@PJL c\n"), std::string_view("two\n")}) {
+        std::string_view taken;
+        while (!(taken = pjl.TakeDocument(part)).empty()) document += taken;
+    }
+    EXPECT_EQ(document, "onetwo\n");
+}
+
+TEST(ForeignPJL, IsSeenToBeginAtTheEndOfAText) {
+    const std::string whole = "\x04" + kExit + "@PJL";
+    for (std::size_t size = 0; size < whole.size(); size++) {
+        EXPECT_EQ(PJLBegunAtEnd("show" + whole.substr(0, size)), size);
+        const std::string withoutEnd = whole.substr(1, size);
+        const bool isAll = withoutEnd.size() == whole.size() - 1;
+        EXPECT_EQ(PJLBegunAtEnd("show" + withoutEnd), isAll ? 0 : withoutEnd.size());
+    }
+    EXPECT_EQ(PJLBegunAtEnd(whole), 0U);
+    EXPECT_EQ(PJLBegunAtEnd(kExit + "x"), 0U);
+}
+
 TEST(ForeignPJL, SaysWhatItFound) {
     ForeignPJL none;
     EXPECT_EQ(Document(none, "%!PS\n"), "%!PS\n");

@@ -155,22 +155,51 @@ bool DocumentReader::FindRecognisedLine(DocumentPiece &line) {
         scan_ = hit + 1;
         lineMayMatter_ = !IsLineEnd(*hit);
         if (!lineMayMatter_ && Recognise(hit, hasSigns, line)) {
-            lineStart_ = scan_;
-            lineIsAsked_ = false;
-            assert(PlacesAreInOrder());
+            PassLine(line.text);
             return true;
         }
     }
     scan_ = limit_;
+    const bool hasSigns = lineMayMatter_ || lineIsAsked_;
+    const char *start = lineStart_;
+    if (!hasSigns || !FindExitInLongLine(start, limit_, line)) return false;
+    PassLine(line.text);
+    return true;
+}
+
+// Goes on after `line`, which is recognised. Of a long one that may be a part.
+void DocumentReader::PassLine(std::string_view line) {
+    lineStart_ = searched_ = scan_ = line.data() + line.size();
+    lineMayMatter_ = !IsLineEnd(line.back());
+    lineIsAsked_ = false;
+    assert(PlacesAreInOrder());
+}
+
+// Bytes that are passed on of a line from `start` to `end` that is not all of it; 0 if they do not
+// fill the line buffer.
+std::size_t DocumentReader::LengthOfPart(const char *start, const char *end) const {
+    if (end - start < static_cast<std::ptrdiff_t>(kLineBufferFull)) return 0;
+    return kLineBufferFull - (KnowsComments(mode_) ? PJLBegunAtEnd({start, kLineBufferFull}) : 0);
+}
+
+// Passes by the parts of a long line up to one that may take the printer out of PostScript; false
+// if there is none. `start` becomes the start of the line's last part.
+bool DocumentReader::FindExitInLongLine(const char *&start, const char *end,
+                                        DocumentPiece &part) const {
+    start = LineStart(start, end);
+    while (const std::size_t length = LengthOfPart(start, end)) {
+        part = {DocumentPiece::kExit, {start, length}, nullptr};
+        if (KnowsComments(mode_) && part.text.find(kUniversalExit) != part.text.npos) return true;
+        start += length;
+    }
     return false;
 }
 
 // Whether the line that ends at `lineEnd` is a special one or, if the search has seen signs of it,
 // holds feature code or settings.
 bool DocumentReader::Recognise(const char *lineEnd, bool hasSigns, DocumentPiece &line) const {
-    const char *start = LineStart(lineStart_, lineEnd);
-    const std::size_t length = static_cast<std::size_t>(lineEnd - start);
-    start += length / kLineBufferFull * kLineBufferFull;
+    const char *start = lineStart_;
+    if (FindExitInLongLine(start, lineEnd, line)) return true;
     const std::string_view text(start, static_cast<std::size_t>(lineEnd - start));
     line = {DocumentPiece::kSpecial, {start, text.size() + 1}, nullptr};
     if (hasSigns && KnowsComments(mode_) && RecogniseComment(text, line)) return true;
@@ -207,7 +236,7 @@ bool DocumentReader::TakeRun(DocumentPiece &piece) {
     const char *start = LineStart(first, scan_);
     if (start != first) lineStart_ = start;
     searched_ = scan_;
-    lineStart_ += static_cast<std::size_t>(scan_ - lineStart_) / kLineBufferFull * kLineBufferFull;
+    while (const std::size_t length = LengthOfPart(lineStart_, scan_)) lineStart_ += length;
     piece = {DocumentPiece::kRun, {begin_, static_cast<std::size_t>(lineStart_ - begin_)}, nullptr};
     begin_ = lineStart_;
     assert(PlacesAreInOrder());

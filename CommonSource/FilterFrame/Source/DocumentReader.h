@@ -5,7 +5,8 @@
 // feed or a carriage return; a CR LF pair is a line and an empty line.
 //
 // A line is recognised as a whole, but one that fills the line buffer (8065 bytes) is passed on and
-// its rest counts as a new line. Nothing waits for a full block: what has arrived is handed out.
+// its rest counts as a new line; where comments are known, PJL that may begin at the end of the line
+// buffer belongs to the rest. Nothing waits for a full block: what has arrived is handed out.
 //
 // The buffer, in the order of its addresses; some of these places often coincide:
 //
@@ -50,7 +51,7 @@ struct DocumentPiece {
         kSettings,  // a line with screen or colour-rendering settings
         // In the modes that know comments:
         kComment,  // a line that begins with `comment`
-        kExit,     // a line that holds the sequence that ends a printer language
+        kExit,     // a line, or a part of a long one, with the sequence that ends a language
         kLine,     // a line that was asked for and is none of the others
     };
     Kind kind;
@@ -106,6 +107,9 @@ class DocumentReader {
   private:
     const char *LineStart(const char *first, const char *end) const;
     bool FindRecognisedLine(DocumentPiece &line);
+    void PassLine(std::string_view line);
+    std::size_t LengthOfPart(const char *start, const char *end) const;
+    bool FindExitInLongLine(const char *&start, const char *end, DocumentPiece &part) const;
     bool Recognise(const char *lineEnd, bool hasSigns, DocumentPiece &line) const;
     static bool RecogniseComment(std::string_view text, DocumentPiece &line);
     bool TakeRun(DocumentPiece &piece);

@@ -45,8 +45,9 @@ DocumentContents Expected(const std::string &document) {
             line.clear();
             isWhole = true;
         } else if (line.size() == 8065) {
-            contents.Add(Kind::kRun, line);
-            line.clear();
+            const std::string part = line.substr(0, 8065 - PJLBegunAtEnd(line));
+            contents.Add(KindOf(part, false) == Kind::kExit ? Kind::kExit : Kind::kRun, part);
+            line.erase(0, part.size());
             isWhole = false;
         }
     }
@@ -109,6 +110,21 @@ TEST_P(DocumentReaderCommentsTest, CutsLinesAtTheFullLineBuffer) {
     }
 }
 
+TEST_P(DocumentReaderCommentsTest, FindsTheEndOfALanguageAnywhereInALongLine) {
+    const std::string pjl = "\x04" + std::string(kUniversalExit) + "@PJL SET COPIES=2";
+    for (const std::size_t after : {0U, 7000U, 9000U}) {
+        for (std::size_t before = 8030; before < 8070; before++) {
+            const std::string document = "first\n" + std::string(before, 'x') + pjl +
+                                         std::string(after, 'y') + pjl + "\n%%Page: 1 1\nlast";
+            for (const std::size_t size : {8065U, 8192U, 300000U}) {
+                const DocumentContents contents = ReadInPieces(document, {size}, *GetParam());
+                EXPECT_TRUE(contents == Expected(document)) << before << " " << after;
+                EXPECT_EQ(contents.text, document);
+            }
+        }
+    }
+}
+
 TEST(DocumentReaderComments, HandOutTheLastLineWithoutLineEnd) {
     for (const std::size_t length : {0U, 1U, 2U, 8064U, 8065U, 8066U, 300000U}) {
         const std::string document = "first\n" + std::string(length, 'x');
@@ -128,6 +144,17 @@ TEST(DocumentReaderComments, StandBesideFeaturesAndSettings) {
     for (const auto &line : contents.lines) kinds.push_back(std::get<1>(line));
     EXPECT_EQ(kinds, (std::vector<Kind>{Kind::kComment, Kind::kFeature, Kind::kSettings,
                                         Kind::kComment, Kind::kComment}));
+}
+
+TEST(DocumentReaderComments, FindTheEndOfALanguageInALongLineThatIsAskedFor) {
+    const std::string exit(kUniversalExit);
+    const Feeder feeder(exit + std::string(9000, 'x'), {10000});
+    DocumentReader reader(feeder.ReadEnd(), DocumentReader::kComments);
+    DocumentPiece piece;
+    reader.HandOutNextLine();
+    ASSERT_TRUE(reader.Next(piece));
+    EXPECT_EQ(piece.kind, Kind::kExit);
+    EXPECT_EQ(piece.text, exit + std::string(8065 - exit.size(), 'x'));
 }
 
 TEST(DocumentReaderComments, HandOutALineThatIsAskedFor) {
