@@ -65,6 +65,12 @@ struct Decoded {
     DecodedJob job;
 };
 
+TEST(JobDecoder, KnowsNoCountThatNeverComes) {
+    const std::string document = "%!PS-Adobe-3.0\n%%Pages: (atend)\n%%EndComments\n%%EOF\n";
+    EXPECT_EQ(Decoded(kHeader + kSwitch + document + "\x04" + kTrailer).job.document.statedPages,
+              "");
+}
+
 TEST(JobDecoder, TakesAJobApart) {
     for (const std::size_t step : {0U, 1U, 7U, 1000U}) {
         const Decoded decoded(kJob, step);

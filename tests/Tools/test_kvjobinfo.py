@@ -72,6 +72,30 @@ trailer: from byte {len(JOB) - len(TRAILER)}
         self.assertEqual((shown["problems"], shown["document"]["pages"]), ([], 4))
         self.assertEqual(shown["trailer"]["offset"], len(JOB) - len(TRAILER))
 
+    def test_json_has_all_that_is_known(self):
+        job = run_filter("kv4024x", "KVBackCover=Thick:both KVWatermark=Draft KVStaple=LeftDouble",
+                         REPORT)
+        header = job.index(b"\x1b%-12345X@PJL JOB")
+        document = job.index(b"%!PS")
+        trailer = job.rindex(b"\x1b%-12345X")
+        shown = json.loads(run("show", "--json", input=job).stdout)
+        self.assertEqual(shown["header"][0], {
+            "offset": header, "line": "<ESC>%-12345X@PJL JOB MODE=PRINTER", "end": "CRLF",
+            "group": "job", "name": "JOB", "value": "MODE=PRINTER", "meaning": "the job begins"})
+        del shown["header"]
+        self.assertEqual(shown, {
+            "name": "standard input", "size": len(job),
+            "specialPages": {"size": header, "pages": [
+                {"what": "back cover",
+                 "words": "printed: print-both, media thick, colour white, 21000 x 29700"}]},
+            "document": {
+                "offset": document, "size": trailer - document, "title": "Quarterly Report",
+                "maker": "kvfilter samples", "statedPages": "4", "pages": 4, "pageEnds": 4,
+                "closedByControlD": True, "isCopy": False, "ownPostScript": [
+                    {"meaning": "watermark: what stamps the pages", "count": 1,
+                     "offset": job.index(b"/kvxStamp currentdict def")}]},
+            "trailer": {"offset": trailer}, "problems": []})
+
     def test_secrets_are_masked_unless_asked_for(self):
         for arguments in (["show"], ["show", "--json"]):
             self.assertNotIn(b"geheim", run(*arguments, input=JOB).stdout)

@@ -4,17 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
+#include "docs/MadePage.h"
 
 namespace {
 
-constexpr char kPage[] = KVFILTER_SOURCE_DIR "/docs/options.md";
-constexpr char kNewPage[] = KVFILTER_PPD_DIR "/../options.md";
 constexpr char kBegin[] = "<!-- Made from the ticket tables; OptionsPageTest says how. -->\n";
 constexpr char kEnd[] = "<!-- End of what is made from the ticket tables. -->\n";
 
@@ -55,24 +52,8 @@ std::string Reference() {
     return text + "\n";
 }
 
-std::string Page() {
-    std::ostringstream text;
-    text << std::ifstream(kPage).rdbuf();
-    return text.str();
-}
-
 }  // namespace
 
 TEST(OptionsPage, TheReferenceIsWhatTheTablesSay) {
-    const std::string page = Page();
-    const std::size_t begin = page.find(kBegin);
-    const std::size_t end = page.find(kEnd);
-    ASSERT_NE(begin, std::string::npos);
-    ASSERT_NE(end, std::string::npos);
-    const std::size_t start = begin + sizeof kBegin - 1;
-    const std::string reference = Reference();
-    if (page.substr(start, end - start) == reference) return;
-    std::ofstream(kNewPage) << page.substr(0, start) << reference << page.substr(end);
-    ADD_FAILURE() << "A table has changed. Take over what it says now:\ncp " << kNewPage << " "
-                  << kPage;
+    ExpectMadePart("options.md", kBegin, kEnd, Reference());
 }
