@@ -50,8 +50,8 @@ void SetJobNamesForCUPS(const char *user, const char *title) try {
     SetUserName(user);
     CopyBounded(StdDocumentName, MakePrinterText(title, kNameSize).bytes.c_str());
     std::replace(PTStdDocumentName, PTStdDocumentName + std::strlen(PTStdDocumentName), '"', '\'');
-} catch (const std::bad_alloc &) {
+} catch (const std::bad_alloc &) {  // GCOVR_EXCL_START: fault
     CopyBounded(StdUserName, defaultUserName);
     CopyBounded(StdJBAUserName, defaultUserName);
     ReportWarning("no memory for the user's name");
-}
+}  // GCOVR_EXCL_STOP

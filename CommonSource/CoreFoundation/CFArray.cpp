@@ -38,9 +38,9 @@ CFMutableArrayRef CFArrayCreateMutable(CFAllocatorRef, CFIndex, const CFArrayCal
 void CFArrayAppendValue(CFMutableArrayRef array, const void *value) {
     try {
         array->values.push_back(value);
-    } catch (const std::bad_alloc &) {
+    } catch (const std::bad_alloc &) {  // GCOVR_EXCL_START: fault
         return;
-    }
+    }  // GCOVR_EXCL_STOP
     if (array->callBacks.retain) {
         array->values.back() = array->callBacks.retain(kCFAllocatorDefault, value);
     }

@@ -19,7 +19,7 @@ struct Resolution {
     Resolution(const std::string &host, std::shared_ptr<RunLoopBell> loopBell)
         : name(host), bell(std::move(loopBell)) {}
     ~Resolution() {
-        if (addresses) CFRelease(addresses);
+        if (addresses) CFRelease(addresses);  // GCOVR_EXCL_BR_LINE: fault
     }
     Resolution(const Resolution &) = delete;
     Resolution &operator=(const Resolution &) = delete;
@@ -111,16 +111,16 @@ SInt32 Start(CFHostRef host, CFHostInfoType info) {
     try {
         const auto resolution =
             std::make_shared<Resolution>(host->name, RunLoopGetBell(host->runLoop));
-        if (!resolution->addresses) return ENOMEM;
+        if (!resolution->addresses) return ENOMEM;  // GCOVR_EXCL_BR_LINE: fault
         const SignalsBlocked blocked;
         std::thread(Ask, resolution).detach();  // ends with its answer or with the process
         host->resolution = resolution;
         return 0;
-    } catch (const std::bad_alloc &) {
+    } catch (const std::bad_alloc &) {  // GCOVR_EXCL_START: fault
         return ENOMEM;
     } catch (const std::system_error &) {
         return EAGAIN;
-    }
+    }  // GCOVR_EXCL_STOP
 }
 
 }  // namespace
@@ -135,7 +135,7 @@ CFHostRef CFHostCreateWithName(CFAllocatorRef, CFStringRef hostname) {
         if (!CFStringGetCString(hostname, name.data(), size, kCFStringEncodingUTF8)) return nullptr;
         return NewObject<__CFHost>(std::move(name));
     } catch (const std::exception &) {
-        return nullptr;
+        return nullptr;  // GCOVR_EXCL_LINE: fault
     }
 }
 
@@ -153,7 +153,7 @@ Boolean CFHostSetClient(CFHostRef host, CFHostClientCallBack callBack,
 
 void CFHostScheduleWithRunLoop(CFHostRef host, CFRunLoopRef runLoop, CFStringRef mode) {
     CFHostUnscheduleFromRunLoop(host, host->runLoop, mode);
-    if (!runLoop || !RunLoopAddSource(runLoop, host)) return;
+    if (!runLoop || !RunLoopAddSource(runLoop, host)) return;  // GCOVR_EXCL_BR_LINE: fault
     CFRetain(runLoop);
     host->runLoop = runLoop;
 }

@@ -16,7 +16,7 @@ namespace {
 
 struct ThreadRunLoop {
     ~ThreadRunLoop() {
-        if (loop) CFRelease(loop);
+        if (loop) CFRelease(loop);  // GCOVR_EXCL_BR_LINE: fault
     }
     const CFRunLoopRef loop = NewObject<__CFRunLoop>();
 };
@@ -37,7 +37,7 @@ CFRunLoopRef CFRunLoopGetCurrent() {
 
 void CFRunLoopRun() {
     const CFRunLoopRef loop = CFRunLoopGetCurrent();
-    if (!loop) return;
+    if (!loop) return;  // GCOVR_EXCL_BR_LINE: fault
     bool stopped = false;
     std::unique_lock lock(loop->bell->mutex);
     bool *const outer = std::exchange(loop->stopped, &stopped);
@@ -70,9 +70,9 @@ bool RunLoopAddSource(CFRunLoopRef runLoop, RunLoopSource *source) {
     try {
         runLoop->sources.push_back(source);
         return true;
-    } catch (const std::bad_alloc &) {
+    } catch (const std::bad_alloc &) {  // GCOVR_EXCL_START: fault
         return false;
-    }
+    }  // GCOVR_EXCL_STOP
 }
 
 void RunLoopRemoveSource(CFRunLoopRef runLoop, RunLoopSource *source) {

@@ -110,10 +110,10 @@ std::vector<std::int32_t> NumbersInTicket(const TicketOptions &options, std::int
     std::sort(numbers.begin(), numbers.end());
     numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
     return numbers;
-} catch (const std::bad_alloc &) {
+} catch (const std::bad_alloc &) {  // GCOVR_EXCL_START: fault
     if (writeError == 0) writeError = ENOMEM;
     return {};
-}
+}  // GCOVR_EXCL_STOP
 
 // Calls `put` for each of the first `count` values that the ticket has.
 void PutValues(const TicketOptions &options, const char *valueKey, std::int32_t count,

@@ -27,6 +27,17 @@ constexpr SharedText sharedTexts[] = {
     {PTStdDocumentName, "title in the printer's letters"},
 };
 
+// What a condition asks of a text by another one.
+struct TextRule {
+    CompareFunc function;
+    const char *words;
+};
+constexpr TextRule textRules[] = {
+    {StrEqualCampareFunc, " and must be"},
+    {StrContainCampareFunc, " and must contain"},
+    {StrNotContainCampareFunc, " and must not contain"},
+};
+
 const ticketData *RowOf(const CommandValue &value) {
     for (const TicketTable &table : TicketTables()) {
         for (const ticketData &row : table.rows) {
@@ -63,10 +74,6 @@ std::string WordsOfNumber(const ticketData *row, std::int32_t number) {
     return words.empty() ? digits : words;
 }
 
-std::string Quoted(const void *text) {
-    return "\"" + std::string(static_cast<const char *>(text)) + "\"";
-}
-
 bool Is(const ComparationItem &item, CompareFunc function) {
     return item.compareFunc == function;
 }
@@ -99,14 +106,14 @@ std::string Failing(const ComparationItem &item) {
         if (Is(item, IntNoEqualCampareFunc)) return subject + is;
         return subject + is + " and must be " + WordsOfNumber(row, IntegerOf(item.reference));
     }
-    if (Is(item, StrNoNULLCampareFunc)) return subject + " is empty";
-    if (Is(item, StrIsNULLCampareFunc)) return subject + " is given";
-    const std::string reference = Quoted(*static_cast<const char *const *>(item.reference.pointer));
     const std::string text = static_cast<const char *>(item.value.pointer);
-    const std::string is = text.empty() ? " is empty" : " is " + Quoted(item.value.pointer);
-    if (Is(item, StrEqualCampareFunc)) return subject + is + " and must be " + reference;
-    if (Is(item, StrContainCampareFunc)) return subject + is + " and must contain " + reference;
-    return subject + is + " and must not contain " + reference;
+    const std::string is = text.empty() ? " is empty" : " is \"" + text + "\"";
+    for (const TextRule &rule : textRules) {
+        if (!Is(item, rule.function)) continue;
+        const char *reference = *static_cast<const char *const *>(item.reference.pointer);
+        return subject + is + rule.words + " \"" + reference + "\"";
+    }
+    return subject + (text.empty() ? is : " is given");
 }
 
 // Whether the ticket has the value that the condition asks of, so that its user meant something.

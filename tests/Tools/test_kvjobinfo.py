@@ -1,14 +1,18 @@
 # SPDX-License-Identifier: Apache-2.0
 """kvjobinfo as people call it."""
 
+import fcntl
 import json
 import os
 import pathlib
 import pty
 import random
 import re
+import struct
 import subprocess
 import tempfile
+import termios
+import time
 import unittest
 
 import scheduler
@@ -112,8 +116,12 @@ trailer: from byte {len(JOB) - len(TRAILER)}
 
     def test_wrong_calls(self):
         for arguments in ([], ["shew"], ["show", "--yaml"], ["show", "a", "b"], ["page"],
-                          ["page", "0", "-o", "x"], ["page", "1"], ["explain", "a", "b"],
-                          ["explain", "--ppd", "/nowhere", ""], ["options", "x"],
+                          ["page", "0", "-o", "x"], ["page", "1"], ["page", "1x", "-o", "x"],
+                          ["page", "1000001", "-o", "x"], ["page", "1", "a", "b", "-o", "x"],
+                          ["page", "-x"], ["explain", "a", "b"], ["explain", "--yaml"],
+                          ["explain", "--ppd", "/nowhere", ""],
+                          ["explain", "--ppd", "a", "--queue", "b"], ["options", "x"],
+                          ["options", "--yaml"], ["options", "--ppd", "/nowhere"],
                           ["show", "/nowhere/job"], ["show", "/tmp"]):
             done = run(*arguments, stdin=subprocess.DEVNULL)
             self.assertEqual((done.returncode, done.stdout), (2, b""), arguments)
@@ -155,6 +163,46 @@ trailer: from byte {len(JOB) - len(TRAILER)}
         self.assertNotIn(b"\x1b", self.on_terminal(NO_COLOR="1"))
         self.assertNotIn(b"\x1b", self.on_terminal(TERM="dumb"))
         self.assertNotIn(b"\x1b", run("show", input=JOB, environment={"TERM": "xterm"}).stdout)
+
+    def test_lines_are_as_wide_as_the_terminal(self):
+        leader, follower = pty.openpty()
+        fcntl.ioctl(follower, termios.TIOCSWINSZ, struct.pack("HHHH", 24, 40, 0, 0))
+        subprocess.run([TOOL, "show"], input=JOB, stdout=follower, check=True, env={"LC_ALL": "C"})
+        os.close(follower)
+        shown = os.read(leader, 65536)
+        os.close(leader)
+        self.assertEqual(max(map(len, shown.decode().splitlines())), 40)
+        self.assertNotIn(b"\x1b", shown)  # a terminal of no kind has no colours
+
+    def test_slow_input_is_counted_on_a_terminal(self):
+        leader, follower = pty.openpty()
+        with subprocess.Popen([TOOL, "show"], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                              stderr=follower) as tool:
+            tool.stdin.write(JOB[:100])
+            tool.stdin.flush()
+            time.sleep(1.2)  # the first second passes in silence
+            tool.stdin.write(JOB[100:])
+            tool.stdin.close()
+            self.assertIn(b"in order", tool.stdout.read())
+        self.assertEqual(os.read(leader, 100), b"\r0 MB\r\x1b[K")
+        os.close(follower)
+        os.close(leader)
+
+    def test_pages_that_the_document_promises(self):
+        job = HEADER + REPORT.replace(b"%%Pages: 4", b"%%Pages: 7") + b"\x04" + TRAILER
+        self.assertIn(b"pages    4, but the document says 7", run("show", input=job).stdout)
+
+    def test_problems_beyond_the_hundredth_are_counted(self):
+        job = HEADER.replace(b"@PJL ENTER", b"no PJL\n" * 103 + b"@PJL ENTER") + REPORT + b"\x04" + TRAILER
+        text = run("show", input=job).stdout.decode()
+        self.assertIn(", 103 problems\n", text)
+        self.assertIn("and 3 more problems\n", text)
+        self.assertEqual(json.loads(run("show", "--json", input=job).stdout)["problemsLeftOut"], 3)
+
+    def test_code_of_the_filter_in_the_document(self):
+        options = f"{KEY}SeparatorPageListTicket=2 {KEY}SeparatorPageTicket=3"
+        text = run("show", input=run_filter("kv1010p", options, REPORT)).stdout.decode()
+        self.assertRegex(text, r"by the filter  separator pages \(byte [\d,]+\)\n")
 
     def test_long_jobs_pass_through(self):
         with tempfile.NamedTemporaryFile() as job:
@@ -302,6 +350,19 @@ class PageTest(unittest.TestCase):
                 self.assertIn(reason, done.stderr)
                 self.assertEqual(list(self.picture.parent.iterdir()), [])
 
+    def test_without_what_draws(self):
+        folder = self.picture.parent
+        (folder / "none").mkdir()
+        for picture, environment, reason in (
+                (self.picture, {"PATH": str(folder / "none")}, b"gs is needed to draw a page"),
+                (folder / "nowhere/page.png", {}, b"No such file or directory"),
+                (folder / "none", {}, b"Is a directory")):
+            with self.subTest(reason=reason):
+                done = run("page", "1", "-o", picture, input=JOB, environment=environment)
+                self.assertEqual((done.returncode, done.stdout), (2, b""))
+                self.assertIn(reason, done.stderr)
+                self.assertEqual([path.name for path in folder.iterdir()], ["none"])
+
 
 class ExplainTest(unittest.TestCase):
     def explain(self, model, options, *more):
@@ -340,6 +401,35 @@ class ExplainTest(unittest.TestCase):
         staple = self.option(explained, "KVStaple")
         self.assertEqual((staple["source"], staple["given"]), ("queue default", "None"))
         self.assertEqual(self.lines(staple["writes"]), ["@PJL COMMENT KVJOBINFO STAPLE=OFF"])
+
+    def test_conditions_of_texts(self):
+        off = f"{KEY}EjectOptionsListTicket=1 "  # delivered as the printer is set
+        coil = "KVNumPunchHoles=CoilSmall "
+        for options, reasons in (
+                (coil + f"{KEY}CoilPunchFaceTicket=x",
+                 ['the coil punch face is "x" and must be "false"']),
+                (coil, ['the coil punch face is empty and must be "false"']),
+                (coil + f"{KEY}CoilPunchFaceTicket=true",
+                 ['the num punch holes is "CoilSmall" and must not contain "Coil"',
+                  'the coil punch face is "true" and must be "false"'])):
+            missed = self.explain("kv1010p", off + options)["notWritten"]
+            self.assertEqual([miss["reason"] for miss in missed],
+                             ["the eject options list is as the printer is set, but " + reason
+                              for reason in reasons])
+
+    def test_defaults_without_a_job(self):
+        done = run("explain", "--json", "--ppd", ppd("kv1010p"), "--copies", "3")
+        lines = [effect["line"] for effect in json.loads(done.stdout)["always"]]
+        self.assertIn("@PJL JOB MODE=PRINTER", lines)
+
+    def test_text_on_options_that_are_none(self):
+        account = f"{KEY}JBAAccountIDTextEditTicket"
+        text = run("explain", "--ppd", ppd("kv1010p"),
+                   f"Zebra=1 {account}=日本 {KEY}JBAManageTypeListTicketKey=x").stdout.decode()
+        self.assertIn("Zebra=1: job, none of the filter's\n  changes  nothing\n", text)
+        self.assertIn("  printer gets  nothing\n                dropped: nothing of it is in the "
+                      "printer's letters\n", text)
+        self.assertIn("  printer gets  0\n                read as a number as far as it is one\n", text)
 
     def test_slips(self):
         explained = self.explain("kv2024c", "KVStapel=LeftDouble Colour=Red")

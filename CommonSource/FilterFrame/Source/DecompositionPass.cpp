@@ -81,7 +81,7 @@ void SendDocument(std::FILE *stored, const PageEnds &pageEnds) {
         if (SendStored(file, sent, pageEnd.offset) != 0 || CancelJob == 1) return;
         sent = pageEnd.offset;
     }
-    if (lseek(file, sent, SEEK_SET) != sent) return;
+    if (lseek(file, sent, SEEK_SET) != sent) return;  // GCOVR_EXCL_BR_LINE: fault
     DocumentReader reader(file, DocumentReader::kPlain);
     const RelayedDocument relayed(file);
     DocumentPiece piece;
@@ -111,10 +111,10 @@ bool StoreStructuredDocument(int file, const char *name, std::FILE *stored, Stor
     if (DocumentIsCut(name, reader.Error())) return false;
     document.PutEnd();
     KVfflush(stored);
-    if (OutputHasFailed(stored)) {
+    if (OutputHasFailed(stored)) {  // GCOVR_EXCL_START: fault
         ReportError(PPDPJLOutFilePath, "could not be written", writeError);
         return false;
-    }
+    }  // GCOVR_EXCL_STOP
     const DocumentStructure &structure = document.Structure();
     pages.whole = {std::numeric_limits<off_t>::max(), structure.PagesEnded(), structure.Copies()};
     pages.announced = structure.PagesAnnounced();
@@ -139,10 +139,10 @@ void SendStructuredDocument(std::FILE *stored, const StoredPages &pages) {
 // it.
 void PassThroughNamelessFile(int file, const char *name, char *const argv[]) {
     std::FILE *stored = CreateNamelessFile(PPDPJLOutFileFormat, PPDPJLOutFilePath);
-    if (!stored) {
+    if (!stored) {  // GCOVR_EXCL_START: fault
         ReportError(PPDPJLOutFilePath, "could not be made", errno);
         return;
-    }
+    }  // GCOVR_EXCL_STOP
     StoredPages pages{};
     if (StoreStructuredDocument(file, name, stored, pages)) {
         OutputKPJLCommandFromArray(argv, prtFmtTableEnterPS, numFmtTableEnterPS);

@@ -76,13 +76,13 @@ std::FILE *CreatePrivateFile(const char *format, char (&path)[kPrivatePathSize])
     if (file < 0) file = CreateIn(OtherFolder(), format, path);
     if (file < 0) return nullptr;
     std::FILE *const stream = fdopen(file, "w+b");
-    if (stream) return stream;
-    const int cause = errno;
+    if (stream) return stream;  // GCOVR_EXCL_BR_LINE: fault
+    const int cause = errno;  // GCOVR_EXCL_START: fault
     close(file);
     unlink(path);
     errno = cause;
     return nullptr;
-}
+}  // GCOVR_EXCL_STOP
 
 std::FILE *CreateNamelessFile(const char *format, char (&path)[kPrivatePathSize]) {
     sigset_t all, before;

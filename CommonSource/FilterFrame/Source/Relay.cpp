@@ -43,7 +43,7 @@ Kind KindOf(int sourceFile, int outputFile) {
     if (S_ISREG(source.st_mode)) return kFile;
     if (!S_ISFIFO(source.st_mode)) return kNone;
     if (relay.copies[0] < 0) {
-        if (pipe2(relay.copies, O_CLOEXEC) != 0) return kNone;
+        if (pipe2(relay.copies, O_CLOEXEC) != 0) return kNone;  // GCOVR_EXCL_BR_LINE: fault
         WidenPipe(relay.copies[1]);
     }
     return kPipe;
@@ -58,8 +58,8 @@ bool SkipTo(const char *text) {
         if (relay.kind == kPipe) {
             count = read(relay.source, scratch, std::min(left, sizeof scratch));
         }
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return false;
+        if (count < 0 && errno == EINTR) continue;  // GCOVR_EXCL_BR_LINE: fault
+        if (count <= 0) return false;  // GCOVR_EXCL_BR_LINE: fault
         relay.next += count;
         relay.offset += count;
     }
@@ -67,10 +67,10 @@ bool SkipTo(const char *text) {
 }
 
 // What cannot be tried again.
-ssize_t Fail() {
+ssize_t Fail() {  // GCOVR_EXCL_START: fault
     errno = EIO;
     return -1;
-}
+}  // GCOVR_EXCL_STOP
 
 // Copies into `block` what has arrived in the pipe, and leaves it there.
 ssize_t LookAt(int pipe, char *block, std::size_t size) {
@@ -78,8 +78,8 @@ ssize_t LookAt(int pipe, char *block, std::size_t size) {
     for (ssize_t got = 0; got < count;) {
         const ssize_t more =
             read(relay.copies[0], block + got, static_cast<std::size_t>(count - got));
-        if (more < 0 && errno == EINTR) continue;
-        if (more <= 0) return Fail();
+        if (more < 0 && errno == EINTR) continue;  // GCOVR_EXCL_BR_LINE: fault
+        if (more <= 0) return Fail();  // GCOVR_EXCL_BR_LINE: fault
         got += more;
     }
     return count;
@@ -125,8 +125,8 @@ ssize_t RelayRead(int file, char *block, std::size_t size) {
     ssize_t count = -1;
     if (stays && relay.kind == kPipe) {
         count = LookAt(file, block, size);
-        stays = count >= 0 || errno == EINTR || errno == EAGAIN;
-        if (!stays) Refuse();
+        stays = count >= 0 || errno == EINTR || errno == EAGAIN;  // GCOVR_EXCL_BR_LINE: fault
+        if (!stays) Refuse();  // GCOVR_EXCL_BR_LINE: fault
     }
     if (!stays || relay.kind == kFile) count = read(file, block, size);
     if (stays && count > 0) {
@@ -141,7 +141,7 @@ std::size_t KeepForRelay(std::string_view text) {
     if (relay.isRefused || end <= relay.next || end > relay.end) return 0;
     if (relay.kept > 0 && text.data() != relay.next + relay.kept) return 0;
     const char *const begin = std::max(text.data(), relay.next);
-    if (relay.kept == 0 && !SkipTo(begin)) return 0;
+    if (relay.kept == 0 && !SkipTo(begin)) return 0;  // GCOVR_EXCL_BR_LINE: fault
     const std::size_t size = static_cast<std::size_t>(end - begin);
     relay.kept += size;
     return size;
@@ -154,7 +154,7 @@ bool RelayKeepsText() {
 std::string_view SendRelayed() {
     while (relay.kept > 0) {
         const ssize_t count = Send(relay.kept);
-        if (count < 0 && errno == EINTR) continue;
+        if (count < 0 && errno == EINTR) continue;  // GCOVR_EXCL_BR_LINE: fault
         if (count <= 0) break;
         relay.next += count;
         relay.offset += count;
