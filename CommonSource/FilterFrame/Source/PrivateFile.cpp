@@ -77,7 +77,7 @@ std::FILE *CreatePrivateFile(const char *format, char (&path)[kPrivatePathSize])
     if (file < 0) return nullptr;
     std::FILE *const stream = fdopen(file, "w+b");
     if (stream) return stream;  // GCOVR_EXCL_BR_LINE: fault
-    const int cause = errno;  // GCOVR_EXCL_START: fault
+    const int cause = errno;    // GCOVR_EXCL_START: fault
     close(file);
     unlink(path);
     errno = cause;

@@ -59,7 +59,7 @@ bool SkipTo(const char *text) {
             count = read(relay.source, scratch, std::min(left, sizeof scratch));
         }
         if (count < 0 && errno == EINTR) continue;  // GCOVR_EXCL_BR_LINE: fault
-        if (count <= 0) return false;  // GCOVR_EXCL_BR_LINE: fault
+        if (count <= 0) return false;               // GCOVR_EXCL_BR_LINE: fault
         relay.next += count;
         relay.offset += count;
     }
@@ -79,7 +79,7 @@ ssize_t LookAt(int pipe, char *block, std::size_t size) {
         const ssize_t more =
             read(relay.copies[0], block + got, static_cast<std::size_t>(count - got));
         if (more < 0 && errno == EINTR) continue;  // GCOVR_EXCL_BR_LINE: fault
-        if (more <= 0) return Fail();  // GCOVR_EXCL_BR_LINE: fault
+        if (more <= 0) return Fail();              // GCOVR_EXCL_BR_LINE: fault
         got += more;
     }
     return count;
@@ -126,7 +126,7 @@ ssize_t RelayRead(int file, char *block, std::size_t size) {
     if (stays && relay.kind == kPipe) {
         count = LookAt(file, block, size);
         stays = count >= 0 || errno == EINTR || errno == EAGAIN;  // GCOVR_EXCL_BR_LINE: fault
-        if (!stays) Refuse();  // GCOVR_EXCL_BR_LINE: fault
+        if (!stays) Refuse();                                     // GCOVR_EXCL_BR_LINE: fault
     }
     if (!stays || relay.kind == kFile) count = read(file, block, size);
     if (stays && count > 0) {

@@ -68,7 +68,7 @@ CFStringRef CreateParenthesised(CFStringRef string, UniChar (&units)[kParenthesi
     const CFStringRef open = StringFromUTF8("(");
     const CFStringRef close = StringFromUTF8(")");
     const bool isWhole = NoteMemory(whole) && open && close;  // GCOVR_EXCL_BR_LINE: fault
-    if (isWhole) {  // GCOVR_EXCL_BR_LINE: fault
+    if (isWhole) {                                            // GCOVR_EXCL_BR_LINE: fault
         for (const CFStringRef piece : {open, string, close}) CFStringAppend(whole, piece);
     }
     const CFStringRef unfinished = isWhole ? nullptr : whole;  // GCOVR_EXCL_BR_LINE: fault
