@@ -117,6 +117,18 @@ TEST(DocumentStructure, KnowsTheCopiesThatTheDocumentAsksFor) {
               3);
 }
 
+TEST(DocumentStructure, KnowsCopiesAtTheEndOfTheText) {
+    DocumentStructure structure;
+    structure.TakeFirstLine("%!PS-Adobe-3.0\n");
+    structure.TakeText("/NumCopies 3");
+    EXPECT_EQ(structure.Copies(), 3);
+}
+
+TEST(DocumentStructure, OfNothingHasNoPage) {
+    for (const char *nothing : {"\n", "\r\n", "\x04\n"}) EXPECT_EQ(PageEnds(nothing), Lines{});
+    EXPECT_EQ(PageEnds("1\n"), Lines{""});
+}
+
 TEST(DocumentStructure, TakesNoProcedureForARequest) {
     EXPECT_EQ(CopiesOf("userdict/#copies 3 -1 roll put\n"), 1);
     EXPECT_EQ(CopiesOf("/NumCopies exch def\n"), 1);

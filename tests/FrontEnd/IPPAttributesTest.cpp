@@ -72,9 +72,9 @@ TEST(IPPAttributes, LayoutIsTheDialogs) {
 TEST(IPPAttributes, PagesOnASheetHaveRowsAndColumnsWherePstopsLaysThemOut) {
     const struct {
         const char *pages, *rows, *columns;
-    } kGrids[] = {{"1", "absent", "absent"}, {"2", "1", "2"},  {"3", "1", "3"},
-                  {"4", "2", "2"},           {"6", "2", "3"},  {"8", "2", "4"},
-                  {"9", "3", "3"},           {"16", "4", "4"}, {"0", "absent", "absent"}};
+    } kGrids[] = {{"1", "absent", "absent"}, {"2", "1", "2"},    {"3", "1", "3"}, {"4", "2", "2"},
+                  {"6", "2", "3"},           {"8", "2", "4"},    {"9", "3", "3"}, {"16", "4", "4"},
+                  {"0", "absent", "absent"}, {"300", "15", "20"}};
     unsetenv("CONTENT_TYPE");
     for (const auto &[pages, rows, columns] : kGrids) {
         const std::string options = std::string("number-up=") + pages;
@@ -132,6 +132,8 @@ TEST(IPPAttributes, StandForShortOptions) {
         << "a short option is the first to speak";
     EXPECT_EQ(Caused(Complete({"job-account-id="}), "job-account-id"), "");
     EXPECT_EQ(Caused(Complete({"job-password=1234"}), "job-password"),
+              "PrintTypeTicketKey=2 PrintTypePasswordTicketKey=1234");
+    EXPECT_EQ(Caused(Complete({"job-password=1234 job-password-encryption=none"}), "job-password"),
               "PrintTypeTicketKey=2 PrintTypePasswordTicketKey=1234");
     const struct {
         const char *delivery, *eject;

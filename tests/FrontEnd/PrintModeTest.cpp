@@ -116,6 +116,9 @@ TEST(PrintMode, OfTheDialogStands) {
     EXPECT_EQ(PrintType(dialog + "PrintTypeTicketKey=3"),
               "type 3 owner alice nametype 2 name Report");
     EXPECT_EQ(PrintType(dialog + "PrintTypeTicketKey=99"), "type 99");
+    EXPECT_EQ(PrintType(dialog + "PrintTypeTicketKey=-1"), "type -1");
+    EXPECT_EQ(PrintType(dialog + "PrintTypeTicketKey=4 " + dialog + "DelayPrintTicketKey=07:30"),
+              "type 4 time 07:30 nametype 2 name Report");
 }
 
 TEST(PrintMode, WhatDoesNotBelongToItIsSaid) {
@@ -126,7 +129,8 @@ TEST(PrintMode, WhatDoesNotBelongToItIsSaid) {
         "KVMailbox=1 is not used: it belongs to KVPrintMode Mailbox\n"
         "KVDelayUntil=12:00 is not used: it belongs to KVPrintMode Delay\n"
         "KVJobName is not used: it belongs to KVPrintMode Secure, Sample, Delay or Mailbox\n");
-    for (const char *time : {"24:00", "12:60", "1200x", "12-00", "ab:cd", "12:0a"}) {
+    for (const char *time : {"24:00", "12:60", "1200x", "12-00", "ab:cd", "1a:00", "12:a0", "12:0a",
+                             "/2:00", "12:0/"}) {
         const CompletedTicket ticket = Complete({std::string("KVDelayUntil=") + time});
         EXPECT_EQ(Said(ticket), "KVDelayUntil=" + std::string(time) +
                                     " is no time as 23:30: the job is printed at once\n");

@@ -123,6 +123,9 @@ TEST(QueueDefaults, ColorModeOfAClientCountsIfItWasChosen) {
         {lp + "print-color-mode=monochrome", PpdOption("ColorModel", "Gray RGB") + kColor, "Color"},
         {lp + "print-color-mode=color", PpdOption("ColorModel", "Gray RGB") + kBlack, "Color"},
         {lp + "print-color-mode=color", PpdOption("ColorModel", "CMYK Gray") + kBlack, "Black"},
+        {lp + "time-at-processing=1 ColorModel=RGB print-color-mode=color",
+         PpdOption("ColorModel", "CMYK RGB") + kBlack, "Black"},
+        {"finishings=3 print-color-mode=color", kBlack, "Color"},  // not lp
         {"print-color-mode=monochrome KVColorMode=Color", kColor, "Color"},
     };
     for (const auto &[options, lines, mode] : kJobs) {

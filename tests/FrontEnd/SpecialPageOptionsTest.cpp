@@ -131,6 +131,30 @@ TEST(SpecialPageOptions, SizesAreNamedByThePPDOrByIPP) {
               "0,1,print-none,t,white,22296,29704");
 }
 
+TEST(SpecialPageOptions, AnEmptyPartLeavesTheColourAndTheSize) {
+    EXPECT_EQ(Insertions("1:T,,red"), (Values{"1,1,1,red,21000,29700,t"}));
+    EXPECT_EQ(Insertions("1:\xEE\x80\x80"), (Values{"1,1,1,white,21000,29700,&#57344;"}));
+}
+
+TEST(SpecialPageOptions, TheOrdinaryTypeStandsWhereThePrinterIsToChoose) {
+    for (const char *choices : {"AutoSelect Heavy", "Auto Heavy"}) {
+        EXPECT_EQ(Exceptions("2::one-sided", "", PpdOption("MediaType", choices)),
+                  Exceptions("2::one-sided"))
+            << choices;
+    }
+}
+
+TEST(SpecialPageOptions, SizesNeedNoPPD) {
+    unsetenv("PPD");
+    CloseJobPPD();
+    std::string options = "KVFrontEnd=CUPS KVInsert=1:T,Letter";
+    std::string word = "1";
+    char *argv[] = {word.data(), word.data(),    word.data(), word.data(),
+                    word.data(), options.data(), nullptr};
+    FindFrontEnd(options.c_str());
+    EXPECT_EQ(ValuesOf(CompleteTicket(argv), "Insertion"), (Values{"1,1,1,white,21590,27940,t"}));
+}
+
 TEST(SpecialPageOptions, TextsCannotBreakTheDocument) {
     const CompletedTicket ticket = Complete("KVFrontCover=</kpif>&grün€😀");
     EXPECT_EQ(Said(ticket), "");
@@ -187,6 +211,11 @@ TEST(SpecialPageOptions, WhatIsNotUnderstoodIsDroppedWhole) {
         {"KVInsert", "3:a\xC0\xAF"},
         {"KVInsert", "3:a\xF8\x88\x80\x80\x80"},
         {"KVInsert", "3:a\x01"},
+        {"KVInsert", "3:a\x7F"},
+        {"KVInsert", "3:a\x80"},
+        {"KVInsert", "3:a\xC3"},
+        {"KVInsert", "3:a\xE2\x82"},
+        {"KVInsert", "3:a\xF4\x90\x80\x80"},
     };
     for (const auto &bad : cases) {
         SCOPED_TRACE(std::string(bad.option) + "=" + bad.value);

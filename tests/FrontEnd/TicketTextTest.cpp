@@ -110,7 +110,7 @@ TEST(TicketText, PrinterBytesAreFaithfulOrNot) {
     EXPECT_EQ(PrinterBytes("1234567890123456", 17, faithful), "1234567890123456");
     EXPECT_TRUE(faithful);
     for (const char *text :
-         {"", "日本", "47日11", "12345678901234567", "a\"b", "a\nb", "/0", "\xFF"}) {
+         {"", "日本", "47日11", "12345678901234567", "a\"b", "a\nb", "a\x7F", "/0", "\xFF"}) {
         PrinterBytes(text, 17, faithful);
         EXPECT_FALSE(faithful) << text;
     }

@@ -239,7 +239,9 @@ TEST(WatermarkOptions, RunsAsThePagesStandOnTheSheet) {
     EXPECT_EQ(angle("orientation-requested=5"), "270");
     EXPECT_EQ(angle("orientation-requested=6"), "180");
     EXPECT_EQ(angle("landscape"), "90");
-    EXPECT_EQ(angle("landscape=no orientation-requested=4"), "0");
+    for (const char *no : {"no", "off", "false", "FALSE"}) {
+        EXPECT_EQ(angle(std::string("orientation-requested=4 landscape=") + no), "0") << no;
+    }
     EXPECT_EQ(angle("number-up=2"), "90");
     EXPECT_EQ(angle("number-up=6"), "90");
     EXPECT_EQ(angle("number-up=2 landscape"), "0");

@@ -41,6 +41,15 @@ TEST(Text, ShowsWhatATerminalWouldObeyByName) {
         {"a\xe2\x80\xae"
          "b",
          "a<202E>b", "a<E2><80><AE>b"},
+        {"\xe2\x80\x8d\xe2\x80\x8f\xe2\x80\x90", "\xe2\x80\x8d<200F>\xe2\x80\x90",
+         "<E2><80><8D><E2><80><8F><E2><80><90>"},
+        {"\xe2\x80\xa8\xe2\x80\xaf", "<2028>\xe2\x80\xaf", "<E2><80><A8><E2><80><AF>"},
+        {"\xe2\x81\xa6\xe2\x81\xaa", "<2066>\xe2\x81\xaa", "<E2><81><A6><E2><81><AA>"},
+        {"\xee\x80\x80", "\xee\x80\x80", "<EE><80><80>"},
+        {"\xf4\x8f\xbf\xbf", "\xf4\x8f\xbf\xbf", "<F4><8F><BF><BF>"},
+        {"\xf4\x90\x80\x80", "\xc3\xb4<90><80><80>", "<F4><90><80><80>"},
+        {"\xf8", "\xc3\xb8", "<F8>"},
+        {"\xc2\xa0", "\xc2\xa0", "<C2><A0>"},
     };
     for (const auto &test : cases) {
         EXPECT_EQ(Visible(test.bytes), test.visible);

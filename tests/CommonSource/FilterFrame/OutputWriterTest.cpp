@@ -79,6 +79,28 @@ TEST(OutputWriter, ReturnsWhatTheDestinationReturns) {
     std::fclose(full);
 }
 
+TEST(OutputWriter, StopsAtAFailedWriteWhereAsked) {
+    std::FILE *full = std::fopen("/dev/full", "w");
+    setvbuf(full, nullptr, _IONBF, 0);
+    CountingStream copy;
+    EXPECT_EQ(KVfputs("a", full), EOF);
+    gJobFilefp = copy.stream;
+    stopsAtFailedWrite = true;
+    EXPECT_EQ(KVfwrite("b", 1, 1, full), 0U);
+    EXPECT_EQ(WriteUncopied("b", 1, full), 0U);
+    EXPECT_EQ(KVfputs("b", full), EOF);
+    EXPECT_EQ(KVfputc('b', full), EOF);
+    EXPECT_EQ(KVfprintf(full, "b"), EOF);
+    EXPECT_EQ(KVfflush(full), EOF);
+    stopsAtFailedWrite = false;
+    EXPECT_EQ(copy.text, "") << "the copy ends where the job does";
+    EXPECT_EQ(KVfwrite("c", 1, 1, full), 0U);
+    EXPECT_EQ(copy.text, "c");
+    gJobFilefp = nullptr;
+    writeError = 0;
+    std::fclose(full);
+}
+
 // What writeError and jobCopyError are after `write` on a full disk and on one with room.
 template <class Write>
 void ExpectTheFirstCauseIsKept(Write write) {
