@@ -15,6 +15,7 @@
 #include "CommonSource/FilterFrame/Source/JobRun.h"
 #include "FrontEnd/Cancel.h"
 #include "support/DecompositionJob.h"
+#include "support/Messages.h"
 
 namespace {
 
@@ -23,19 +24,6 @@ constexpr char kCUPS[] = "*KVFrontEnd: \"CUPS\"\n";
 std::string Ppd(bool isDecomposition, bool isCUPS) {
     return PpdWith("*KVPSDecompMode: \"" + std::string(isDecomposition ? "1" : "0") + "\"\n" +
                    (isCUPS ? kCUPS : ""));
-}
-
-// Without how far the job has come, which a slow machine says and a fast one need not.
-std::string Errors(const std::string &messages) {
-    std::string errors;
-    std::istringstream lines(messages);
-    for (std::string line; std::getline(lines, line);) {
-        const bool isProgress = line.starts_with("INFO: Printing page ");
-        if (!isProgress && !line.starts_with("DEBUG:") && !line.starts_with("ATTR:")) {
-            errors += line + "\n";
-        }
-    }
-    return errors;
 }
 
 class Failures : public testing::TestWithParam<bool> {  // the decomposition pass, or the plain one
@@ -88,7 +76,7 @@ TEST_P(Failures, DocumentThatCannotBeOpened) {
     const FilterResult silent = Run(false, "/nonexistent/a"), told = Run(true, "/nonexistent/a");
     EXPECT_EQ(silent.errors, "");
     EXPECT_EQ(silent.status, 0);
-    EXPECT_EQ(Errors(told.errors),
+    EXPECT_EQ(SteadyMessages(told.errors),
               "ERROR: /nonexistent/a could not be read: No such file or directory\n");
     EXPECT_EQ(told.status, 1);
     EXPECT_TRUE(told.output.ends_with(kTrailer));
@@ -101,7 +89,7 @@ TEST_P(Failures, DocumentThatCannotBeRead) {
     EXPECT_EQ(silent.status, 0);
     EXPECT_TRUE(silent.output.ends_with(GetParam() ? std::string(kEnterPostScript) + kTrailer
                                                    : "\x04" + std::string(kTrailer)));
-    EXPECT_EQ(Errors(told.errors), "ERROR: / could not be read: Is a directory\n");
+    EXPECT_EQ(SteadyMessages(told.errors), "ERROR: / could not be read: Is a directory\n");
     EXPECT_EQ(told.status, 1);
     EXPECT_TRUE(told.output.ends_with(kTrailer));
     EXPECT_EQ(told.output.find('\x04'), told.output.npos) << "not as if whole";
@@ -112,7 +100,7 @@ TEST_P(Failures, ClosedInput) {
     for (const bool isCUPS : {false, true}) {
         const pid_t job = Start(isCUPS, open("/dev/null", O_WRONLY));  // as the filter opens it
         EXPECT_EQ(Status(job), isCUPS ? 1 : 0);
-        EXPECT_EQ(Errors(folder_.Read("errors")),
+        EXPECT_EQ(SteadyMessages(folder_.Read("errors")),
                   isCUPS ? "ERROR: Standard input could not be read: Bad file descriptor\n" : "");
         EXPECT_TRUE(NoFileIsLeft());
     }
@@ -154,7 +142,7 @@ TEST_P(Failures, CancelledJobWhoseInputStallsEnds) {
     EXPECT_TRUE(output.ends_with(kTrailer));
     EXPECT_EQ(output.find('\x04'), output.npos);
     EXPECT_EQ(output.find(text) == output.npos, GetParam()) << "whole lines";
-    EXPECT_EQ(Errors(folder_.Read("errors")).find("ERROR"), std::string::npos);
+    EXPECT_EQ(SteadyMessages(folder_.Read("errors")).find("ERROR"), std::string::npos);
     EXPECT_TRUE(NoFileIsLeft());
 }
 
@@ -222,7 +210,7 @@ TEST_P(Failures, OutputThatNobodyReads) {
             _exit(127);
         }
         EXPECT_EQ(Status(child), 1);
-        const std::string errors = Errors(folder_.Read("errors"));
+        const std::string errors = SteadyMessages(folder_.Read("errors"));
         if (isCUPS) {
             EXPECT_EQ(errors.substr(0, 200),
                       "ERROR: Standard output could not be written: Broken pipe\n")

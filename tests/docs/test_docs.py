@@ -91,7 +91,7 @@ class DocsTest(unittest.TestCase):
                 self.assertTrue((DOCS / path).exists(), f"{page.name}: {path}")
             for path in re.findall(r"`((?:tests|scripts|ppd|samples|Tables|CommonSource)/[^`<]*)`",
                                    text):
-                self.assertTrue((SOURCE_DIR / path).exists(), f"{page.name}: {path}")
+                self.assertTrue((SOURCE_DIR / path.split()[0]).exists(), f"{page.name}: {path}")
             for model in re.findall(r"drv:///korvell\.drv/(\w+\.ppd)", text):
                 self.assertTrue(pathlib.Path(os.environ["KVFILTER_PPD_DIR"], model).exists(), model)
 

@@ -11,6 +11,7 @@
 #include "support/FilterProcess.h"
 #include "support/Ghostscript.h"
 #include "support/Injections.h"
+#include "support/Messages.h"
 #include "support/TempFolder.h"
 #include "support/TicketOption.h"
 
@@ -18,19 +19,6 @@ namespace {
 
 constexpr char kCUPS[] = "*KVFrontEnd: \"CUPS\"\n";
 constexpr char kDecomposition[] = "*KVPSDecompMode: \"1\"\n";
-
-// What people and the page log are told; how the ticket was completed is another test's matter.
-// How far a job has come is told by the clock: a slow machine says it, a fast one need not.
-std::string WithoutDebug(const std::string &errors) {
-    std::istringstream lines(errors);
-    std::string line, rest;
-    while (std::getline(lines, line)) {
-        const bool isProgress = line.starts_with("INFO: Printing page ") ||
-                                line.starts_with("ATTR: job-media-progress=");
-        if (!isProgress && !line.starts_with("DEBUG: ")) rest += line + "\n";
-    }
-    return rest;
-}
 
 class StructuredDocument : public testing::TestWithParam<const char *> {
   protected:
@@ -42,7 +30,7 @@ class StructuredDocument : public testing::TestWithParam<const char *> {
         job.input = document;
         job.environment = {{"TMPDIR", folder_.Path().string()}};
         FilterResult result = RunFilter(job);
-        result.errors = WithoutDebug(result.errors);
+        result.errors = SteadyMessages(result.errors);
         EXPECT_TRUE(Files(folder_).empty());
         return result;
     }
@@ -263,7 +251,7 @@ TEST(StructuredDocumentCancelled, EndsAtAPageEnd) {
         filter.CloseInput();
         EXPECT_EQ(filter.ReadToEnd(), kTrailer) << next;
         const bool pageIsWhole = next.starts_with("%%");
-        EXPECT_EQ(WithoutDebug(filter.ReadErrorsToEnd()),
+        EXPECT_EQ(SteadyMessages(filter.ReadErrorsToEnd()),
                   pageIsWhole ? "PAGE: 1 1\nPAGE: 2 1\n" : "PAGE: 1 1\n");
         EXPECT_EQ(filter.Wait(), 0);
     }
