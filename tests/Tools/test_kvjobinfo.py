@@ -422,6 +422,10 @@ class ExplainTest(unittest.TestCase):
         lines = [effect["line"] for effect in json.loads(done.stdout)["always"]]
         self.assertIn("@PJL JOB MODE=PRINTER", lines)
 
+    def test_text_on_code_of_the_ppd(self):
+        text = run("explain", "--ppd", ppd("kv2024c"), "PageSize=A5").stdout.decode()
+        self.assertRegex(text, "PageSize=A5: job, .*\n  document  CUPS puts the PPD's code for it there\n")
+
     def test_text_on_options_that_are_none(self):
         account = f"{KEY}JBAAccountIDTextEditTicket"
         text = run("explain", "--ppd", ppd("kv1010p"),

@@ -150,10 +150,10 @@ const LineSearch *const *AllLineSearches() {
     __builtin_cpu_init();
 #endif
 #if HWY_TARGETS & ~HWY_STATIC_TARGET & HWY_AVX2
-    if (__builtin_cpu_supports("avx2")) *next++ = N_AVX2::Searches();
+    if (__builtin_cpu_supports("avx2")) *next++ = N_AVX2::Searches();  // GCOVR_EXCL_BR_LINE: CPU
 #endif
 #if HWY_TARGETS & ~HWY_STATIC_TARGET & HWY_SSSE3
-    if (__builtin_cpu_supports("ssse3")) *next++ = N_SSSE3::Searches();
+    if (__builtin_cpu_supports("ssse3")) *next++ = N_SSSE3::Searches();  // GCOVR_EXCL_BR_LINE: CPU
 #endif
     *next = HWY_STATIC_DISPATCH(Searches)();
     return searches;

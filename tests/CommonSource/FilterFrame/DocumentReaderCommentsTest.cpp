@@ -230,6 +230,8 @@ TEST(DocumentReaderComments, PassDataOfManyBlocksBy) {
     const std::string data = std::string(1000000, '\n') + "%%Page: 1 1\n";
     EXPECT_EQ(FoundAfter("\n", data + "%%EOF", data.size(), 0, 65536),
               std::vector<std::string>{"%%EOF"});
+    EXPECT_EQ(FoundAfter("\n", std::string(1000000, 'x') + "\n%%Page: 1 1\n%%EOF", 0, 1, 65536),
+              (std::vector<std::string>{"%%Page: 1 1\n", "%%EOF"}));
 }
 
 }  // namespace

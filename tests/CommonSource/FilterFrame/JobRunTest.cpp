@@ -36,6 +36,24 @@ namespace {
 constexpr char kTrailer[] = "\x1b%-12345X@PJL EOJ\n";
 constexpr char kEnterPostScript[] = "@PJL ENTER LANGUAGE=POSTSCRIPT\n";
 
+// What the filter writes to both outputs when it is called with `arguments`, and its wait status.
+std::pair<std::string, int> CalledWith(const std::string &arguments) {
+    std::FILE *output = popen((KVFILTER_BINARY " " + arguments + " 2>&1").c_str(), "r");
+    char text[256] = "";
+    text[std::fread(text, 1, sizeof text - 1, output)] = '\0';
+    return {text, pclose(output)};
+}
+
+TEST(JobRun, TellsItsVersionAndItsUsage) {
+    const auto [version, status] = CalledWith("--version");
+    EXPECT_TRUE(Matches(version, "kvfilter \\d+\\.\\d+\\.\\d+\n")) << version;
+    EXPECT_EQ(status, 0);
+    const std::string usage = "Usage: kvfilter job-id user title copies options [file]\n";
+    for (const char *arguments : {"", "--versions", "--version 2", "1 alice Report 1"}) {
+        EXPECT_EQ(CalledWith(arguments), std::pair(usage, 1 << 8)) << arguments;
+    }
+}
+
 TEST(JobRun, FramesAnEmptyDocument) {
     FilterJob job;
     job.ppd = PpdWith();

@@ -180,6 +180,13 @@ TEST_F(PrivateFileTest, KnowsWhetherAPathIsStillItsOwn) {
     std::fclose(file);
 }
 
+TEST_F(PrivateFileTest, FailsWhereThePathWouldBeTooLong) {
+    setenv("TMPDIR", (folder_.Path().string() + std::string(kPrivatePathSize, '/')).c_str(), 1);
+    EXPECT_EQ(CreatePrivateFile(kFormat, path_), nullptr);
+    EXPECT_EQ(errno, ENAMETOOLONG);
+    EXPECT_TRUE(Files().empty());
+}
+
 TEST_F(PrivateFileTest, FailsWhereThereIsNoFolder) {
     setenv("TMPDIR", "/nonexistent", 1);
     EXPECT_EQ(CreatePrivateFile(kFormat, path_), nullptr);
