@@ -33,6 +33,21 @@ constexpr char kSheets[] =
     "*PageSize Wrong/Wrong: \"\"\n"
     "*ImageableArea Wrong/Wrong: \"-5 900 nan 3e38\"\n"
     "*PaperDimension Wrong/Wrong: \"595 842\"\n"
+    "*PageSize Swapped/Swapped: \"\"\n"
+    "*ImageableArea Swapped/Swapped: \"500 10 100 800\"\n"
+    "*PaperDimension Swapped/Swapped: \"595 842\"\n"
+    "*PageSize Low/Low: \"\"\n"
+    "*ImageableArea Low/Low: \"10 -5 500 800\"\n"
+    "*PaperDimension Low/Low: \"595 842\"\n"
+    "*PageSize High/High: \"\"\n"
+    "*ImageableArea High/High: \"10 10 500 843\"\n"
+    "*PaperDimension High/High: \"595 842\"\n"
+    "*PageSize Full/Full: \"\"\n"
+    "*ImageableArea Full/Full: \"0 0 595 842\"\n"
+    "*PaperDimension Full/Full: \"595 842\"\n"
+    "*PageSize Nothing/Nothing: \"\"\n"
+    "*ImageableArea Nothing/Nothing: \"0 0 0.5 0.5\"\n"
+    "*PaperDimension Nothing/Nothing: \"0.5 0.5\"\n"
     "*VariablePaperSize: True\n"
     "*MaxMediaWidth: \"9999\"\n"
     "*MaxMediaHeight: \"9999\"\n"
@@ -300,6 +315,27 @@ TEST(WatermarkOptions, NumbersAreSane) {
         EXPECT_LE(w.paperWidth, 14400);
         EXPECT_LE(w.paperHeight, 14400);
         EXPECT_LE(w.fontSize, 2000);
+    }
+}
+
+TEST(WatermarkOptions, APrintableAreaThatIsNoneIsTheWholeSheet) {
+    const auto size = [](const std::string &sheet) {
+        return Key(Complete("KVWatermark=Confidential PageSize=" + sheet), "FontSize");
+    };
+    EXPECT_NE(size("Uneven"), size("Full"));
+    for (const char *sheet : {"Swapped", "Low", "High", "Wrong"}) {
+        EXPECT_EQ(size(sheet), size("Full")) << sheet;
+    }
+    EXPECT_EQ(Key(Complete("KVWatermark=Draft PageSize=Nothing"), "PaperWidth"), "612")
+        << "that of a queue without a PPD";
+}
+
+TEST(WatermarkOptions, LandscapePagesTurnAsThePPDSays) {
+    for (const auto &[turn, angle] : {std::pair("Plus90", "90"), std::pair("Minus90", "270")}) {
+        const CompletedTicket ticket = CompleteOn(
+            PpdWith("*KVFrontEnd: \"CUPS\"\n*LandscapeOrientation: " + std::string(turn) + "\n"),
+            TicketJob{"KVWatermark=Draft KVWatermarkAngle=0 landscape"});
+        EXPECT_EQ(Key(ticket, "Angle"), angle);
     }
 }
 

@@ -192,6 +192,13 @@ trailer: from byte {len(JOB) - len(TRAILER)}
         job = HEADER + REPORT.replace(b"%%Pages: 4", b"%%Pages: 7") + b"\x04" + TRAILER
         self.assertIn(b"pages    4, but the document says 7", run("show", input=job).stdout)
 
+    def test_copies_of_jobs_with_pjl_features(self):
+        copy = (HEADER.replace(b"@PJL ENTER LANGUAGE=POSTSCRIPT\n", b"") +
+                b"%!PS-Adobe-3.0\n@PJL SET RET=ON\n%%Page: 1 1\nep\n\x04"
+                b"@PJL ENTER LANGUAGE=POSTSCRIPT\n" + TRAILER)
+        self.assertIn(b"\n  copy   as the filter stored it, in front of the switch\n  pages  1\n",
+                      run("show", input=copy).stdout)
+
     def test_problems_beyond_the_hundredth_are_counted(self):
         job = HEADER.replace(b"@PJL ENTER", b"no PJL\n" * 103 + b"@PJL ENTER") + REPORT + b"\x04" + TRAILER
         text = run("show", input=job).stdout.decode()
