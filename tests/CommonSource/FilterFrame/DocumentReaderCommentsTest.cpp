@@ -230,8 +230,9 @@ TEST(DocumentReaderComments, PassDataOfManyBlocksBy) {
     const std::string data = std::string(1000000, '\n') + "%%Page: 1 1\n";
     EXPECT_EQ(FoundAfter("\n", data + "%%EOF", data.size(), 0, 65536),
               std::vector<std::string>{"%%EOF"});
-    EXPECT_EQ(FoundAfter("\n", std::string(1000000, 'x') + "\n%%Page: 1 1\n%%EOF", 0, 1, 65536),
-              (std::vector<std::string>{"%%Page: 1 1\n", "%%EOF"}));
+    const std::string lines = std::string(1000000, 'x') + "\n%%Page: 1 1\n%%Page: 2 2\n%%EOF";
+    EXPECT_EQ(FoundAfter("\n", lines, 0, 2, 65536),
+              (std::vector<std::string>{"%%Page: 2 2\n", "%%EOF"}));
 }
 
 }  // namespace
