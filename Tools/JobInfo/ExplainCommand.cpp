@@ -32,7 +32,7 @@ bool Read(int argc, char *argv[], Arguments &arguments) {
                             {"copies", required_argument, nullptr, 'n'},
                             {nullptr, 0, nullptr, 0}};
     const passwd *user = getpwuid(getuid());
-    arguments.user = user ? user->pw_name : "anonymous";
+    arguments.user = user ? user->pw_name : "anonymous";  // GCOVR_EXCL_BR_LINE: a user has a name
     for (int code; (code = getopt_long(argc, argv, "", names, nullptr)) != -1;) {
         if (code == '?') return false;
         if (code == 'p') arguments.ppd = optarg;

@@ -192,6 +192,13 @@ trailer: from byte {len(JOB) - len(TRAILER)}
         job = HEADER + REPORT.replace(b"%%Pages: 4", b"%%Pages: 7") + b"\x04" + TRAILER
         self.assertIn(b"pages    4, but the document says 7", run("show", input=job).stdout)
 
+    def test_half_a_line_of_a_truncated_job(self):
+        job = HEADER[:HEADER.index(b"@PJL ENTER")]
+        for half in (b"@PJL SET JOBATTR=", b"@PJL SET JOBATTR=\"@"):
+            done = run("show", input=job + half)
+            self.assertEqual(done.returncode, 1)
+            self.assertIn(b"half a line, its value is missing", done.stdout)
+
     def test_copies_of_jobs_with_pjl_features(self):
         copy = (HEADER.replace(b"@PJL ENTER LANGUAGE=POSTSCRIPT\n", b"") +
                 b"%!PS-Adobe-3.0\n@PJL SET RET=ON\n%%Page: 1 1\nep\n\x04"
@@ -460,6 +467,9 @@ class ExplainTest(unittest.TestCase):
         for text, value, note in (("Grüße", "Grüße", None),
                                   ("日本x", "x", "dropped: 2 letters that the printer lacks"),
                                   ("9" * 40, "9" * 32, "cut to 32 bytes"),
+                                  ("9" * 1100, "9" * 32,
+                                   "cut to 1023 bytes before it is read; cut to 32 bytes"),
+                                  ("/0", "", None),
                                   ("日本", "", "dropped: nothing of it is in the printer's letters")):
             explained = self.explain("kv1010p", account + text)
             key = self.option(explained, KEY + "JBAAccountIDTextEditTicket")["keys"][0]
