@@ -431,6 +431,26 @@ class ExplainTest(unittest.TestCase):
                              ["the eject options list is as the printer is set, but " + reason
                               for reason in reasons])
 
+    def test_conditions_of_numbers(self):
+        settings = (f" {KEY}JBAUserSettingRadioBtnTicket=1 {KEY}JBAUserPasswordTextEditTicket=x"
+                    f" {KEY}JBAAdminUserSettingRadioBtnTicket=1")
+        box = "the mng type list box is "
+        for kind, user, reasons in (
+                (2, 1, [f"{box}the user's, but the info {what}" for what in (
+                    "list is not given and must be none", "list is not given and must be billing",
+                    "list is not given and must be user's account",
+                    "list is not given and must be all",
+                    "set lbox is not given and must be the user is unknown")]),
+                (2, 2, [f"{box}the user's, but the user ID list ctrl is who is named and must be "
+                        "who is logged in", f"{box}the user's, but the user ID is empty"]),
+                (3, 2, [f"the job info radio btn admin is yes, but {box}3 and must be the "
+                        "administrator's",
+                        f"the job info radio btn is yes, but {box}3 and must be the user's"])):
+            options = (f"{KEY}JBAManageTypeListTicketKey={kind} {KEY}JBAUserIDListCtrlTicket={user}"
+                       f" {KEY}JBAAdminUserIDListCtrlTicket={user}")
+            missed = self.explain("kv1010p", options + settings)["notWritten"]
+            self.assertEqual([miss["reason"] for miss in missed], reasons)
+
     def test_defaults_without_a_job(self):
         done = run("explain", "--json", "--ppd", ppd("kv1010p"), "--copies", "3")
         lines = [effect["line"] for effect in json.loads(done.stdout)["always"]]
