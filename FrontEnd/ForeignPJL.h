@@ -10,8 +10,8 @@
 
 inline constexpr std::string_view kUniversalExit = "\x1b%-12345X";
 
-// Bytes at the end of a text that may be the beginning of PJL which goes on after it, and the Ctrl-D
-// in front of that: at most 13.
+// Bytes at the end of a text that may be the beginning of PJL which goes on after it, and the
+// Ctrl-D in front of that: at most 13.
 std::size_t PJLBegunAtEnd(std::string_view text);
 
 class ForeignPJL {

@@ -5,8 +5,8 @@
 // feed or a carriage return; a CR LF pair is a line and an empty line.
 //
 // A line is recognised as a whole, but one that fills the line buffer (8065 bytes) is passed on and
-// its rest counts as a new line; where comments are known, PJL that may begin at the end of the line
-// buffer belongs to the rest. Nothing waits for a full block: what has arrived is handed out.
+// its rest counts as a new line; where comments are known, PJL that may begin at the end of the
+// line buffer belongs to the rest. Nothing waits for a full block: what has arrived is handed out.
 //
 // The buffer, in the order of its addresses; some of these places often coincide:
 //
