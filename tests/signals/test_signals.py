@@ -138,11 +138,12 @@ class SignalsTest(unittest.TestCase):
 
     def moments(self, mode, share_in):
         """Random ones: bytes that have gone in or, negative, come out. By then the filter has set
-        itself up; there is still a page end to come in, or more to come out than pipes hold."""
+        itself up; there is still a page end to come in, or more to come out than pipes hold and
+        the page that is being sent."""
         chance = random.Random(f"{SEED} {mode}")
         size = len(DOCUMENT)
         return [chance.randrange(PIPE, size - len(PAGE)) if chance.random() < share_in
-                else -chance.randrange(1, size - PIPE) for _ in range(MOMENTS)]
+                else -chance.randrange(1, size - PIPE - len(PAGE)) for _ in range(MOMENTS)]
 
     def at_each_moment(self, act, check, share_in=0.5):
         """Calls `check(mode, job, status)` for the jobs of all modes and moments; `share_in` of
