@@ -16,7 +16,7 @@
 
 namespace {
 
-// Sends some bytes within the kernel and moves `offset` behind them. Returns 0 or less where that
+// Sends some bytes within the kernel and moves `offset` past them. Returns 0 or less where that
 // does not go on.
 ssize_t SendInKernel(int file, off_t &offset, std::size_t size) {
 #ifdef __linux__
