@@ -2,14 +2,11 @@
 //
 // The document reader with every variant of the search and pieces of every size, held against
 // reading byte by byte.
-#include <unistd.h>
-
-#include <algorithm>
 #include <memory>
-#include <thread>
 
 #include "fuzz/Fuzz.h"
 #include "fuzz/FuzzDocument.h"
+#include "support/Feeder.h"
 
 namespace {
 
@@ -40,25 +37,15 @@ Reading ByteByByte(const std::string &document) {
 
 Reading ThroughReader(const std::string &document, std::size_t pieceSize,
                       const LineSearch &search) {
-    int ends[2];
-    if (pipe(ends) != 0) std::abort();
-    std::thread feeder([&document, pieceSize, end = ends[1]] {
-        for (std::size_t sent = 0; sent < document.size(); sent += pieceSize) {
-            const std::size_t size = std::min(pieceSize, document.size() - sent);
-            if (write(end, document.data() + sent, size) < 0) break;
-        }
-        close(end);
-    });
+    const Feeder feeder(document, {pieceSize});
+    const auto reader = std::make_unique<DocumentReader>(feeder.ReadEnd(), DocumentReader::kPlain,
+                                                         Feeder::Feed, search);
     Reading reading;
-    const auto reader =
-        std::make_unique<DocumentReader>(ends[0], DocumentReader::kPlain, nullptr, search);
     DocumentPiece piece;
     while (reader->Next(piece)) {
         reading.text += piece.text;
         if (piece.kind == DocumentPiece::kSpecial) reading.special.push_back(piece.special->text);
     }
-    feeder.join();
-    close(ends[0]);
     return reading;
 }
 

@@ -51,7 +51,7 @@ inline DocumentContents ReadInPieces(const std::string &document,
                                      const std::vector<std::size_t> &sizes,
                                      DocumentReader::Mode mode, const LineSearch &search) {
     const Feeder feeder(document, sizes);
-    DocumentReader reader(feeder.ReadEnd(), mode, nullptr, search);
+    DocumentReader reader(feeder.ReadEnd(), mode, Feeder::Feed, search);
     return ReadContents(reader);
 }
 

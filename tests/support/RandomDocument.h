@@ -75,3 +75,16 @@ class RandomDocument {
     std::minstd_rand random_;
     std::vector<std::string> lines_;
 };
+
+// How a document may arrive: in pieces of so many bytes, taken over and over. Lines enough for a
+// random document: a byte at a time takes long.
+struct Arrival {
+    std::vector<std::size_t> sizes;
+    int lines = 40;
+};
+
+inline const Arrival &RandomArrival(unsigned seed) {
+    static const Arrival kArrivals[] = {{{65536}}, {{1}, 12}, {{7, 1, 4099}}, {{8064}},
+                                        {{8065}},  {{8066}},  {{131072, 3}},  {{131072, 1, 1}}};
+    return kArrivals[seed % std::size(kArrivals)];
+}

@@ -86,14 +86,12 @@ TEST_P(DocumentReaderCommentsTest, FindsEveryCommentAtEveryPlaceInAVector) {
 }
 
 TEST_P(DocumentReaderCommentsTest, ReadsHostileDocumentsAsTheDescriptionDoes) {
-    const std::vector<std::vector<std::size_t>> cuts = {{65536}, {1},    {7, 1, 4099}, {8064},
-                                                        {8065},  {8066}, {131072, 3}};
     for (unsigned seed = 0; seed < 60; seed++) {
         SCOPED_TRACE(seed);
+        const Arrival &arrival = RandomArrival(seed);
         RandomDocument random(seed, CommentLines());
-        const std::string document = random.Make(40);
-        const DocumentContents contents =
-            ReadInPieces(document, cuts[seed % cuts.size()], *GetParam());
+        const std::string document = random.Make(arrival.lines);
+        const DocumentContents contents = ReadInPieces(document, arrival.sizes, *GetParam());
         EXPECT_TRUE(contents == Expected(document));
         EXPECT_EQ(contents.text, document);
         EXPECT_GT(contents.lines.size(), 0U);
@@ -137,7 +135,7 @@ TEST(DocumentReaderComments, StandBesideFeaturesAndSettings) {
     const std::string document =
         "%%BeginSetup\n%%BeginFeature: *A B\n/TCPR 1 /GCPR 2 /ICPR 3\n%%EndSetup\n%%Page: 1 1";
     const Feeder feeder(document, {1000});
-    DocumentReader reader(feeder.ReadEnd(), DocumentReader::kFeaturesAndComments);
+    DocumentReader reader(feeder.ReadEnd(), DocumentReader::kFeaturesAndComments, Feeder::Feed);
     const DocumentContents contents = ReadContents(reader);
     EXPECT_EQ(contents.text, document);
     std::vector<Kind> kinds;
@@ -149,7 +147,7 @@ TEST(DocumentReaderComments, StandBesideFeaturesAndSettings) {
 TEST(DocumentReaderComments, FindTheEndOfALanguageInALongLineThatIsAskedFor) {
     const std::string exit(kUniversalExit);
     const Feeder feeder(exit + std::string(9000, 'x'), {10000});
-    DocumentReader reader(feeder.ReadEnd(), DocumentReader::kComments);
+    DocumentReader reader(feeder.ReadEnd(), DocumentReader::kComments, Feeder::Feed);
     DocumentPiece piece;
     reader.HandOutNextLine();
     ASSERT_TRUE(reader.Next(piece));
@@ -159,7 +157,7 @@ TEST(DocumentReaderComments, FindTheEndOfALanguageInALongLineThatIsAskedFor) {
 
 TEST(DocumentReaderComments, HandOutALineThatIsAskedFor) {
     const Feeder feeder("first\nsecond\n%%Page: 1 1\nthird\nfourth\nlast", {3});
-    DocumentReader reader(feeder.ReadEnd(), DocumentReader::kComments);
+    DocumentReader reader(feeder.ReadEnd(), DocumentReader::kComments, Feeder::Feed);
     DocumentPiece piece;
     for (const std::string line : {"first\n", "second\n"}) {
         reader.HandOutNextLine();
@@ -182,7 +180,7 @@ std::vector<std::string> FoundAfter(const std::string &lineEnd, const std::strin
                                     std::uint64_t bytes, std::uint64_t lines, std::size_t size) {
     const std::string document = "%%BeginBinary: 1" + lineEnd + text;
     const Feeder feeder(document, {size});
-    DocumentReader reader(feeder.ReadEnd(), DocumentReader::kComments);
+    DocumentReader reader(feeder.ReadEnd(), DocumentReader::kComments, Feeder::Feed);
     std::vector<std::string> found;
     std::string all;
     DocumentPiece piece;

@@ -73,14 +73,12 @@ TEST_P(DocumentReaderFeaturesTest, FindsLinesAtEveryPlaceInAVector) {
 }
 
 TEST_P(DocumentReaderFeaturesTest, ReadsHostileDocumentsAsTheDescriptionDoes) {
-    const std::vector<std::vector<std::size_t>> cuts = {
-        {65536}, {1}, {7, 1, 4099}, {8064}, {8065}, {8066}, {131072, 3}, {131072, 1, 1}};
     for (unsigned seed = 0; seed < 80; seed++) {
         SCOPED_TRACE(seed);
+        const Arrival &arrival = RandomArrival(seed);
         RandomDocument random(seed, FeatureLines());
-        const std::string document = random.Make(40);
-        const auto &sizes = cuts[seed % cuts.size()];
-        const DocumentContents contents = ReadInPieces(document, sizes, *GetParam());
+        const std::string document = random.Make(arrival.lines);
+        const DocumentContents contents = ReadInPieces(document, arrival.sizes, *GetParam());
         EXPECT_TRUE(contents == Expected(document));
         EXPECT_GT(contents.lines.size(), 0U);
     }
