@@ -5,6 +5,7 @@
 #include <cctype>
 #include <cstring>
 #include <set>
+#include <span>
 
 #include "CommonSource/FilterFrame/Source/ModuleDispatcher.h"
 #include "Tools/JobInfo/PJLLine.h"
@@ -25,20 +26,22 @@ constexpr TextRule textRules[] = {
     {StrNotContainCampareFunc, " and must not contain"},
 };
 
-const ticketData *RowOf(const CommandValue &value) {
+// The row of its ticket; one without a key for what is no ticket's.
+const ticketData &RowOf(const CommandValue &value) {
+    static constexpr ticketData none{"", nullptr, 0, nullptr};
     for (const TicketTable &table : TicketTables()) {
         for (const ticketData &row : table.rows) {
-            if (row.destination == value.pointer) return &row;
+            if (row.destination == value.pointer) return row;
         }
     }
-    return nullptr;  // GCOVR_EXCL_LINE: no row fails by anything but the ticket
+    return none;
 }
 
 // "ticket.documentNameType" is "document name type".
 std::string WordsOf(const CommandValue &value) {
-    const char *dot = std::strrchr(value.name, '.');
+    const std::size_t start = std::string_view(value.name).rfind('.') + 1;  // 0 if there is no dot
     std::string words;
-    for (const char *letter = dot ? dot + 1 : value.name; *letter != '\0'; letter++) {
+    for (const char *letter = value.name + start; *letter != '\0'; letter++) {
         const auto next = static_cast<unsigned char>(letter[1]);
         const bool isUpper = std::isupper(static_cast<unsigned char>(*letter));
         const bool startsWord =
@@ -52,9 +55,9 @@ std::string WordsOf(const CommandValue &value) {
     return words;
 }
 
-std::string WordsOfNumber(const ticketData *row, std::int32_t number) {
+std::string WordsOfNumber(const ticketData &row, std::int32_t number) {
     const std::string digits = std::to_string(number);
-    const std::string words = row ? WordsOfChoice(row->values, digits) : "";
+    const std::string words = WordsOfChoice(row.values, digits);
     return words.empty() ? digits : words;
 }
 
@@ -82,7 +85,7 @@ std::string Holding(const ComparationItem &item) {
 // A condition that does not hold, as a clause.
 std::string Failing(const ComparationItem &item) {
     const std::string subject = "the " + WordsOf(item.value);
-    const ticketData *row = RowOf(item.value);
+    const ticketData &row = RowOf(item.value);
     if (IsInteger(item)) {
         const std::int32_t number = IntegerOf(item.value);
         const std::string is =
@@ -102,8 +105,7 @@ std::string Failing(const ComparationItem &item) {
 
 // Whether the ticket has the value that the condition asks of, so that its user meant something.
 bool IsAskedFor(const ComparationItem &item, const TicketOptions &ticket) {
-    const ticketData *row = RowOf(item.value);
-    return row && cupsGetOption(row->key, ticket.count, ticket.list);
+    return cupsGetOption(RowOf(item.value).key, ticket.count, ticket.list);
 }
 
 // The name and, where it is fixed, the value of what the row writes: "HOLD=STORE", "JOAU".
@@ -143,19 +145,28 @@ bool SaysNothing(const PrtFmtEntry &row) {
     return false;
 }
 
+bool Holds(const ComparationItem &item) {
+    return item.compareFunc(item.value.pointer, item.reference.pointer) == 1;
+}
+
 // Why the row was not written, or empty if that is not for one value's sake.
 std::string ReasonOf(const PrtFmtEntry &row, const TicketOptions &ticket) {
-    const ComparationTable &conditions = *row.comparationPara;
-    const ComparationItem *failing = nullptr;
-    std::string holding;
-    for (std::uint32_t i = 0; i < conditions.num; i++) {
-        const ComparationItem &item = conditions.items[i];
-        const bool holds = item.compareFunc(item.value.pointer, item.reference.pointer) == 1;
-        if (!holds && failing && failing->value.pointer != item.value.pointer) return "";
-        if (!holds && !failing) failing = &item;
-        if (holds && holding.empty() && IsAskedFor(item, ticket)) holding = Holding(item);
+    const std::span conditions(row.comparationPara->items, row.comparationPara->num);
+    const void *value = nullptr;
+    std::string failing;
+    for (const ComparationItem &item : conditions) {
+        if (Holds(item)) continue;
+        if (value && value != item.value.pointer) return "";
+        if (!value) failing = Failing(item);
+        value = item.value.pointer;
     }
-    return failing && !holding.empty() ? holding + ", but " + Failing(*failing) : "";
+    for (const ComparationItem &item : conditions) {
+        const bool speaksOfAnother = item.value.pointer != value;
+        if (speaksOfAnother && Holds(item) && IsAskedFor(item, ticket)) {
+            return Holding(item) + ", but " + failing;
+        }
+    }
+    return "";
 }
 
 }  // namespace
