@@ -21,9 +21,8 @@ const char *JobValue(const CompletionContext &context, std::string_view name) {
 }
 
 const ShortValue *FindShortValue(const CompletionContext &context, std::string_view name) {
-    const ShortOption *row = FindShortOption(name);
-    if (!row || context.shortValues.empty()) return nullptr;
-    const ShortValue &value = context.shortValues[static_cast<std::size_t>(row - kShortOptions)];
+    const auto row = static_cast<std::size_t>(FindShortOption(name) - kShortOptions);
+    const ShortValue &value = context.shortValues[row];
     return value.isGiven ? &value : nullptr;
 }
 

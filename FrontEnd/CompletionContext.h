@@ -42,8 +42,8 @@ struct CompletionContext {
 const char *JobValue(const CompletionContext &context, std::string_view name);
 
 // The value that holds for a short option, from the job, an IPP attribute or the queue: one of its
-// choices as the row spells it, or a text of the user's own without "Custom.". Null if its row does
-// not exist or the option says nothing (its first choice).
+// choices as the row spells it, or a text of the user's own without "Custom.". Null if the option
+// says nothing (its first choice). FindShortOptionValues comes before this and what follows.
 const char *ShortOptionValue(const CompletionContext &context, std::string_view name);
 
 // What is known about a short option, or null if nobody speaks for it.

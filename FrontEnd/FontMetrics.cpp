@@ -14,12 +14,9 @@ constexpr int kSecondRun = 0xA0, kSecondRunEnd = 0x100;
 constexpr int kGlyphCount = kFirstRunEnd - kFirstRun + kSecondRunEnd - kSecondRun;
 
 // Where a letter stands in a font's table; -1 for what is none.
-constexpr int GlyphIndex(int code) {
+constexpr int GlyphIndex(unsigned char code) {
     if (code >= kFirstRun && code < kFirstRunEnd) return code - kFirstRun;
-    if (code >= kSecondRun && code < kSecondRunEnd) {
-        return code - kSecondRun + kFirstRunEnd - kFirstRun;
-    }
-    return -1;
+    return code >= kSecondRun ? code - kSecondRun + kFirstRunEnd - kFirstRun : -1;
 }
 
 #define GLYPH(code, name, width, left, bottom, right, top) {width, left, bottom, right, top},

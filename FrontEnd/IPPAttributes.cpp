@@ -160,9 +160,8 @@ bool ColorModeWasChosen(const CompletionContext &context) {
     if (!mode) return false;
     if (!JobValue(context, "finishings") || !JobValue(context, kNumberUpTicketKey)) return true;
     // The scheduler's own default, by which lp's habit shows.
-    bool color = context.ppd && context.ppd->color_device;
-    const ppd_choice_t *model =
-        context.ppd ? ppdFindMarkedChoice(context.ppd, "ColorModel") : nullptr;
+    bool color = context.ppd->color_device;
+    const ppd_choice_t *model = ppdFindMarkedChoice(context.ppd, "ColorModel");
     if (model) color = SameName(model->choice, "RGB") || SameName(model->choice, "CMYK");
     return std::string_view(mode) != (color ? "color" : "monochrome");
 }

@@ -16,7 +16,7 @@ struct IPPOption {
 IPPOption ShortOptionOfIPPAttribute(const CompletionContext &context, const char *shortOption);
 
 // Whether print-color-mode was chosen, rather than sent by lp, which sends the queue's own value in
-// every job.
+// every job. The job has a PPD.
 bool ColorModeWasChosen(const CompletionContext &context);
 
 // Adds the keys of layout, orientation and copies. Refuses a password that is not the user's own.

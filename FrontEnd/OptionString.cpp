@@ -36,7 +36,8 @@ void Add(const TicketOptions &parsed, const TicketOptions *given, std::vector<Jo
 std::vector<JobOption> ParseOnce(const char *text) {
     std::vector<JobOption> options;
     const char *derived = DerivedOptions(text);
-    const TicketOptions given(derived ? std::string(text, derived).c_str() : text);
+    const char *end = derived ? derived : text + std::strlen(text);
+    const TicketOptions given(std::string(text, end).c_str());
     Add(given, nullptr, options);
     if (derived) Add(TicketOptions(derived), &given, options);
     return options;
@@ -57,11 +58,12 @@ std::vector<JobOption> ParseOptionString(const char *text) {
     // The parser forgets what it has read when memory runs out, and goes on. A lost password would
     // be a job in the open: only what two readings agree on counts.
     const std::vector<JobOption> again = ParseOnce(text);
-    const bool same = std::equal(options.begin(), options.end(), again.begin(), again.end(),
-                                 [](const JobOption &a, const JobOption &b) {
-                                     return a.name == b.name && a.value == b.value;
-                                 });
-    if (!same) throw std::bad_alloc();
+    const bool same =
+        std::equal(options.begin(), options.end(), again.begin(), again.end(),
+                   [](const JobOption &a, const JobOption &b) {
+                       return a.name == b.name && a.value == b.value;  // GCOVR_EXCL_BR_LINE: fault
+                   });
+    if (!same) throw std::bad_alloc();  // GCOVR_EXCL_BR_LINE: fault
     return options;
 }
 
@@ -70,8 +72,9 @@ void AppendOption(std::string &options, std::string_view name, std::string_view 
     options += name;
     options += '=';
     // An opening brace or quote at the start would begin a collection or a quoted text.
+    constexpr std::string_view kSpecial = " \t\n\v\f\r\\'\"{";
     for (const char byte : value) {
-        if (std::strchr(" \t\n\v\f\r\\'\"{", byte) && byte) options += '\\';
+        if (kSpecial.find(byte) != kSpecial.npos) options += '\\';
         options += byte;
     }
 }

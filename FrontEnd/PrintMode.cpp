@@ -53,8 +53,7 @@ bool IsTimeOfDay(std::string_view text) {
 }
 
 bool IsNumber(std::string_view text, std::size_t digits) {
-    return !text.empty() && text.size() <= digits &&
-           text.find_first_not_of("0123456789") == std::string_view::npos;
+    return text.size() <= digits && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
 void AddOwner(CompletionContext &context) {

@@ -74,7 +74,7 @@ void AddTicketKeys(std::vector<KnownOption> &options) {
 bool IsKey(const std::string &key, std::string_view name) {
     if (SameName(key, name)) return true;
     const std::string_view begin = name.substr(0, std::min(key.size(), name.size()));
-    return key.ends_with('_') && SameName(key, begin) && name.size() > key.size() &&
+    return key.ends_with('_') && SameName(key, begin) &&
            name.find_first_not_of("0123456789", key.size()) == name.npos;
 }
 

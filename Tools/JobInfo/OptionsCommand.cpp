@@ -21,7 +21,7 @@ std::string OptionsAsText(const std::vector<KnownOption> &options) {
         if (option.group != group) rows.push_back({option.group, "", Style::kHeading});
         group = option.group;
         std::string words = option.meaning;
-        if (!option.values.empty()) words += (words.empty() ? "" : ": ") + option.values;
+        if (!option.values.empty()) words += ": " + option.values;
         if (!option.choice.empty()) words += "; if not given, " + option.choice;
         if (!option.example.empty()) words += ". Example: " + option.example;
         rows.push_back({option.name, words});

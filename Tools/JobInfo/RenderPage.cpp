@@ -54,7 +54,7 @@ std::string PageRenderer::Start() {
 }
 
 void PageRenderer::Write(std::string_view bytes) const {
-    while (input_ >= 0 && !bytes.empty()) {
+    while (!bytes.empty()) {
         const ssize_t count = write(input_, bytes.data(), bytes.size());
         if (count < 0 && errno == EINTR) continue;  // GCOVR_EXCL_BR_LINE: fault
         if (count < 0) return;                      // GCOVR_EXCL_BR_LINE: fault

@@ -33,7 +33,9 @@ void OpenJobCopy() {
 
 void CloseJobCopy() {
     if (!gJobFilefp) return;
-    if (std::fflush(gJobFilefp) != 0 && jobCopyError == 0) jobCopyError = errno;
+    if (std::fflush(gJobFilefp) != 0 && jobCopyError == 0) {  // GCOVR_EXCL_BR_LINE: fault
+        jobCopyError = errno;
+    }
     if (jobCopyError != 0) ReportWarning("The copy of the job is not whole", jobCopyError);
     if (jobCopyError == 0 || !FrontEndIsCUPS()) {
         fchmod(fileno(gJobFilefp), kFinishedMode);  // by its handle: the path may be another's

@@ -14,6 +14,7 @@
 namespace {
 
 constexpr char kFolder[] = "/private/tmp";
+constexpr char kRandom[] = "-XXXXXX";
 
 // The folder that stands for /private/tmp where no file can be made there.
 const char *OtherFolder() {
@@ -25,9 +26,8 @@ const char *OtherFolder() {
 void PutTime(char (&text)[64]) {
     const std::time_t now = std::time(nullptr);
     const std::tm *const local = std::localtime(&now);
-    if (!local || std::strftime(text, sizeof text, "%Y%m%d%H%M%S", local) == 0) {
-        std::strcpy(text, "00000000000000");
-    }
+    std::strcpy(text, "00000000000000");
+    if (local) std::strftime(text, sizeof text, "%Y%m%d%H%M%S", local);
 }
 
 // Builds the path; false, and errno, if it does not fit or the format is none.
@@ -42,7 +42,7 @@ bool BuildPath(const char *folder, const char *format, const char *name,
     const int length =
         std::snprintf(path, sizeof path, "%s%.*s%s%s", folder, static_cast<int>(mark - fileFormat),
                       fileFormat, name, mark + 2);
-    if (length >= 0 && static_cast<std::size_t>(length) < sizeof path) return true;
+    if (static_cast<std::size_t>(length) < sizeof path) return true;
     errno = ENAMETOOLONG;
     return false;
 }
@@ -51,29 +51,34 @@ int CreateExclusively(const char *path) {
     return open(path, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
 }
 
-// Both names that are tried first can be foretold, so somebody may hold them; the third cannot.
-int CreateIn(const char *folder, const char *format, char (&path)[kPrivatePathSize]) {
-    char name[64];
-    PutTime(name);
-    char *const timeEnd = name + std::strlen(name);
-    if (!BuildPath(folder, format, name, path)) return -1;
-    int file = CreateExclusively(path);
-    if (file >= 0 || errno != EEXIST) return file;
-    std::snprintf(timeEnd, sizeof name - 14, "-%ld", static_cast<long>(getpid()));
-    if (!BuildPath(folder, format, name, path)) return -1;
-    file = CreateExclusively(path);
-    if (file >= 0 || errno != EEXIST) return file;
-    std::strcpy(timeEnd, "-XXXXXX");
-    if (!BuildPath(folder, format, name, path)) return -1;
+int CreateAtRandom(char *path, const char *format) {
     const char *const suffix = std::strstr(format, "%s") + 2;
     return mkostemps(path, static_cast<int>(std::strlen(suffix)), O_CLOEXEC);
+}
+
+// Both names that are tried first can be foretold, so somebody may hold them; the third cannot.
+int CreateIn(const char *folder, const char *format, char (&path)[kPrivatePathSize]) {
+    char time[64], process[32];
+    PutTime(time);
+    std::snprintf(process, sizeof process, "-%ld", static_cast<long>(getpid()));
+    const char *const ends[] = {"", process, kRandom};
+    for (const char *end : ends) {
+        char name[sizeof time + sizeof process];
+        std::snprintf(name, sizeof name, "%s%s", time, end);
+        if (!BuildPath(folder, format, name, path)) return -1;
+        const int file = end == kRandom ? CreateAtRandom(path, format) : CreateExclusively(path);
+        if (file >= 0 || errno != EEXIST) return file;
+    }
+    return -1;  // GCOVR_EXCL_LINE: fault
 }
 
 }  // namespace
 
 std::FILE *CreatePrivateFile(const char *format, char (&path)[kPrivatePathSize]) {
     int file = CreateIn(kFolder, format, path);
-    if (file < 0) file = CreateIn(OtherFolder(), format, path);
+    if (file < 0) {  // GCOVR_EXCL_BR_LINE: macOS has the folder
+        file = CreateIn(OtherFolder(), format, path);
+    }
     if (file < 0) return nullptr;
     std::FILE *const stream = fdopen(file, "w+b");
     if (stream) return stream;  // GCOVR_EXCL_BR_LINE: fault

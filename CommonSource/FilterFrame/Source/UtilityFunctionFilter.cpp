@@ -90,7 +90,9 @@ void GetClientIPAddress(char *hostName, char *address) {
     char name[256] = "";
     std::memset(hostName, 0, kHostNameSize);
     std::memset(address, 0, kAddressSize);
-    if (gethostname(name, sizeof name - 1) == 0) GetIPAddressOfHost(name, hostName, address);
+    if (gethostname(name, sizeof name - 1) == 0) {  // GCOVR_EXCL_BR_LINE: fault
+        GetIPAddressOfHost(name, hostName, address);
+    }
 }
 
 void GetIPAddressOfHost(const char *name, char *hostName, char *address) {
