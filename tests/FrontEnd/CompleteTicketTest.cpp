@@ -47,6 +47,22 @@ TEST(CompleteTicket, KnowsWhereEveryKeyComesFrom) {
     }
 }
 
+TEST(CompleteTicket, SaysNoMoreThanAnyoneReadsButWhyTheJobIsRefused) {
+    std::string options = "KVPrintMode=Secret", lines;
+    for (int i = 0; i < 150; i++) {
+        const std::string name = "Own" + std::to_string(i);
+        lines += PpdOption(name, "On Off");
+        options += " " + name + "=Maybe";
+    }
+    const CompletedTicket ticket = Complete({options, lines});
+    ASSERT_EQ(ticket.notices.size(), 101U);
+    EXPECT_EQ(ticket.notices[99].kind, TicketNotice::Dropped);
+    EXPECT_EQ(ticket.notices[100].kind, TicketNotice::Refused);
+    EXPECT_TRUE(ticket.refused);
+    EXPECT_EQ(Value(ticket, "Own149"), "absent")
+        << "what nothing is said of is dropped all the same";
+}
+
 TEST(CompleteTicket, IsReportedWithoutNamesAndPasswords) {
     const CompletedTicket ticket =
         Complete({"KVTrim=5 KVTrimm=6 KVPassword=4711 KVOwner=Anna",

@@ -56,6 +56,8 @@ TEST(DocumentStructure, EndsAPageWhereTheNextOrTheTrailerBegins) {
     EXPECT_EQ(PageEnds("%!PS-Adobe-3.0\n%%Page: 1 1\n%%EOF\n"), Lines{"%%EOF"});
     EXPECT_EQ(PageEnds("%!PS-Adobe-3.0\n%%Page: 1 1\nshowpage\n"), Lines{""});
     EXPECT_EQ(PageEnds("%!PS-Adobe-3.0\n%%Trailer\n%%EOF\n"), Lines{});
+    EXPECT_EQ(PageEnds("%!PS-Adobe-3.0\n%%Page: 1 1\n%%Trailer\n%%Page: 2 2\n%%EOF\n"),
+              (Lines{"%%Trailer", "%%EOF"}));
 }
 
 TEST(DocumentStructure, CountsAPageOfThePrintSystemOnce) {

@@ -42,7 +42,7 @@ TEST(Messages, AreOneLineEachAndOnlyWithPlainCUPS) {
     ReportError("silent");
     EXPECT_FALSE(ErrorWasReported());
     IsOn(kCUPS, "");
-    ReportDebug("a\nb\tc");
+    ReportDebug("a\nb\tc\x7F");
     ReportInfo("d");
     ReportWarning(std::string(3000, 'x'));
     ReportWarning("f", ENOENT);
@@ -52,7 +52,7 @@ TEST(Messages, AreOneLineEachAndOnlyWithPlainCUPS) {
     EXPECT_TRUE(ErrorWasReported());
     ReportError("g", EIO);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "DEBUG: a b c\nINFO: d\nWARNING: " + std::string(1014, 'x') +
+              "DEBUG: a b c \nINFO: d\nWARNING: " + std::string(1014, 'x') +
                   "\nWARNING: f: No such file or directory\nWARNING: " + std::string(1014, 'x') +
                   "\nERROR: e\nERROR: g: Input/output error\n");
 }

@@ -117,6 +117,8 @@ TEST(IPPAttributes, NoOtherTextIsTakenForTheWordCollate) {
     const std::string name = KV_TICKET "DocumentNameTicketKey";
     const CompletedTicket coded = Complete({name + "=collated"});
     EXPECT_EQ(Value(coded, name), "/99/111/108/108/97/116/101/100");
+    const CompletedTicket tooLong = Complete({name + "=collate" + std::string(249, 'x')});
+    EXPECT_EQ(Value(tooLong, name), "absent") << "coded, it would be cut";
     const CompletedTicket typed = Complete({"KVPrintMode=Sample KVJobName=collate"});
     EXPECT_EQ(Value(typed, name), "/99/111/108/108/97/116/101");
 }

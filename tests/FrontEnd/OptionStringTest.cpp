@@ -38,6 +38,10 @@ TEST(OptionString, TellsWhatTheSchedulerHasDerived) {
         << "the words in a value of the user's are none of the scheduler's";
 }
 
+TEST(OptionString, OfASchedulerThatTheJobTellsNothingIsAllDerived) {
+    EXPECT_EQ(Read(" time-at-processing=5 Duplex=None"), "+Duplex=None;+time-at-processing=5;");
+}
+
 TEST(OptionString, WrittenReadsBackTheSame) {
     const std::string values[] = {"",      "a b",   "tab\there", "line\nfeed", "back\\slash",
                                   "'x'",   "\"x\"", "{a=1 b=2}", "x={y}",      "a,b",

@@ -102,6 +102,15 @@ TEST(QueueDefaults, WhatTheQueueDoesNotKnowIsDroppedWithAWord) {
               "PageSize=A9 is not understood; allowed: A4, Letter\n");
     EXPECT_EQ(Said(Complete({"KVStaple=Custom.3", kStaple})),
               "KVStaple=Custom.3 is not understood; allowed: None, UpperLeftSingle, LeftDouble\n");
+    const std::string custom =
+        kMedia + "*CustomMediaType True: \"pop\"\n*ParamCustomMediaType Text: 1 string 1 30\n";
+    const CompletedTicket own = Complete({"MediaType=Custom.Vellum", custom});
+    EXPECT_EQ(Said(own), "");
+    EXPECT_EQ(Value(own, "MediaType"), "Custom.Vellum");
+    const std::string region = PpdOption("PageRegion", "A4 Letter");
+    EXPECT_EQ(Said(Complete({"PageRegion=Letter", region})), "");
+    EXPECT_EQ(Said(Complete({"PageRegion=A9", region})),
+              "PageRegion=A9 is not understood; allowed: A4, Letter\n");
 }
 
 TEST(QueueDefaults, ColorModeOfAClientCountsIfItWasChosen) {
@@ -123,6 +132,8 @@ TEST(QueueDefaults, ColorModeOfAClientCountsIfItWasChosen) {
         {lp + "print-color-mode=monochrome", PpdOption("ColorModel", "Gray RGB") + kColor, "Color"},
         {lp + "print-color-mode=color", PpdOption("ColorModel", "Gray RGB") + kBlack, "Color"},
         {lp + "print-color-mode=color", PpdOption("ColorModel", "CMYK Gray") + kBlack, "Black"},
+        {lp + "print-color-mode=monochrome", PpdOption("ColorModel", "CMYK Gray") + kColor,
+         "Black"},
         {lp + "time-at-processing=1 ColorModel=RGB print-color-mode=color",
          PpdOption("ColorModel", "CMYK RGB") + kBlack, "Black"},
         {"finishings=3 print-color-mode=color", kBlack, "Color"},  // not lp
@@ -172,6 +183,16 @@ TEST(QueueDefaults, ConflictsAreResolved) {
     EXPECT_EQ(Source(chosen, "KVStaple"), "KVStaple=None (constraint)");
     EXPECT_EQ(Value(chosen, "MediaType"), "Glossy");
     EXPECT_EQ(Said(Complete({"KVStaple=LeftDouble MediaType=Thick", lines})), "");
+
+    const std::string sided = stapled + kDuplex +
+                              "*UIConstraints: *KVStaple LeftDouble *Duplex DuplexTumble\n"
+                              "*UIConstraints: *Duplex DuplexTumble *KVStaple LeftDouble\n";
+    EXPECT_EQ(
+        Said(Complete({"MediaType=Glossy Duplex=DuplexTumble", sided})),
+        "Duplex=DuplexTumble is not possible with KVStaple=LeftDouble, MediaType=Glossy: "
+        "Duplex=None is used\n"
+        "MediaType=Glossy is not possible with KVStaple=LeftDouble: MediaType=Plain is used\n")
+        << "what the queue has set holds against two that were chosen";
 }
 
 TEST(QueueDefaults, SidesFollowWhatConstraintsMakeOfDuplex) {

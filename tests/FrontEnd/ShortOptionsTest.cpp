@@ -241,6 +241,7 @@ TEST(ShortOptions, WhatIsNotUnderstoodIsDroppedWithAWord) {
          "Pages:N\n"},
         {"KVSeparator=a", "KVSeparator=a is no list of pages as 3,7-9\n"},
         {"KVSeparator=7-3", "KVSeparator=7-3 is no list of pages as 3,7-9\n"},
+        {"KVSeparator=3-", "KVSeparator=3- is no list of pages as 3,7-9\n"},
         {"KVSeparator=3,", "KVSeparator=3, is no list of pages as 3,7-9\n"},
         {"KVSeparator=3]put", "KVSeparator=3]put is no list of pages as 3,7-9\n"},
         {"KVSeparator=1-99999", "KVSeparator=1-99999 names more pages than fit\n"},

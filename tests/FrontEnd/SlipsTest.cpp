@@ -60,6 +60,10 @@ TEST(Slips, OfAConfidentialOptionRefuseTheJobAndShowNothing) {
     EXPECT_TRUE(password.refused);
     EXPECT_EQ(Said(password),
               "refused: KVPasword is no option of this queue; is KVPassword meant?\n");
+    const CompletedTicket mailbox = Complete({"KVMailbx=12"});
+    EXPECT_TRUE(mailbox.refused);
+    EXPECT_EQ(Said(mailbox),
+              "refused: KVMailbx=12 is no option of this queue; is KVMailbox meant?\n");
     const CompletedTicket mode = Complete({"KVPrintMod=Secure"});
     EXPECT_TRUE(mode.refused);
     EXPECT_EQ(Said(mode),

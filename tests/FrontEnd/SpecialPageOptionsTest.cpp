@@ -144,6 +144,16 @@ TEST(SpecialPageOptions, TheOrdinaryTypeStandsWhereThePrinterIsToChoose) {
     }
 }
 
+TEST(SpecialPageOptions, ATypeOfTheJobsOwnIsTheOrdinaryOne) {
+    std::string lines =
+        PpdOption("MediaType", "Heavy Thin") +
+        "*CustomMediaType True: \"pop\"\n*ParamCustomMediaType Text: 1 string 1 30\n";
+    const Values plain = {"1,1,1,2,2,one-sided,plain,white,21000,29700"};
+    EXPECT_EQ(Exceptions("2::one-sided", "MediaType=Custom.Vellum", lines), plain);
+    lines.erase(lines.find("*DefaultMediaType: Heavy\n"), 25);
+    EXPECT_EQ(Exceptions("2::one-sided", "MediaType=Custom.Vellum", lines), plain);
+}
+
 TEST(SpecialPageOptions, SizesNeedNoPPD) {
     unsetenv("PPD");
     CloseJobPPD();
@@ -213,6 +223,7 @@ TEST(SpecialPageOptions, WhatIsNotUnderstoodIsDroppedWhole) {
         {"KVInsert", "3:a\x01"},
         {"KVInsert", "3:a\x7F"},
         {"KVInsert", "3:a\x80"},
+        {"KVInsert", "3:a\x80\x80"},
         {"KVInsert", "3:a\xC3"},
         {"KVInsert", "3:a\xE2\x82"},
         {"KVInsert", "3:a\xF4\x90\x80\x80"},

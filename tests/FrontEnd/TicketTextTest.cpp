@@ -86,6 +86,13 @@ TEST(TicketText, LeavesOutWhatThePrinterDoesNotKnowOrWouldEndItsString) {
     EXPECT_FALSE(MakePrinterText("", 40).changed);
 }
 
+TEST(TicketText, LeavesOutWhatIsBeyondUnicode) {
+    UsePpd(kUTF8);
+    const PrinterText made = MakePrinterText("a\xF4\x90\x80\x80z", 40);
+    EXPECT_EQ(made.bytes, "az");
+    EXPECT_TRUE(made.changed);
+}
+
 TEST(TicketText, IsCutBetweenLetters) {
     UsePpd(kUTF8);
     EXPECT_EQ(MakePrinterText("aüb", 2).shown, "a");

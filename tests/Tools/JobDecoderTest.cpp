@@ -123,6 +123,23 @@ TEST(JobDecoder, PutsSpecialPagesIntoWords) {
     EXPECT_EQ(pages[2].words, "documents 1 to 2, pages 4 to 9, sides one-sided, media Tab");
 }
 
+TEST(JobDecoder, KeepsLittleOfManyOrLongSpecialPages) {
+    std::string job =
+        "<?xml version=\"1.0\"?>\n<kpif><page-overrides><value><input-documents><value>"
+        "<lower-bound>2</lower-bound><upper-bound>2</upper-bound></value>"
+        "</input-documents><media-col><media-type>" +
+        std::string(150, 'a') + "&amp;" + std::string(100, 'b') +
+        "&amp;c</media-type></media-col></value></page-overrides><insert-sheet>";
+    for (int i = 0; i < 1010; i++) job += "<value><insert-count>2</insert-count></value>";
+    const Decoded decoded(job + "</insert-sheet></kpif>\n" + kPlainJob);
+    EXPECT_EQ(decoded.Problems(), "");
+    const std::vector<SpecialPage> &pages = decoded.job.specialPages.pages;
+    ASSERT_EQ(pages.size(), 1000U);
+    EXPECT_EQ(pages[0].words,
+              "documents 2 to 2, media " + std::string(150, 'a') + "&" + std::string(49, 'b'));
+    EXPECT_EQ(pages[999].words, "count 2");
+}
+
 TEST(JobDecoder, SaysWhatIsWrong) {
     const std::string partial = "@PJL SET JOBOFFSET=PAGES\n@PJL SET JOBATTR=\"";
     const std::string longLine = "@PJL SET JOBNAME=\"" + std::string(300, 'x');
@@ -151,6 +168,7 @@ TEST(JobDecoder, SaysWhatIsWrong) {
         {start + "@PJL ENTER LANGUAGE=PCL\n" + kDocument + kTrailer, "no-postscript "},
         {start + kSwitch + "%PDF-1.7\n\x04" + kTrailer, "no-postscript "},
         {start + kSwitch + "\x04" + kTrailer, "no-document "},
+        {start + kSwitch + "\x04\n%!\n" + kTrailer, "no-postscript "},
         {start + kSwitch + kTrailer, "no-document "},
         {start + kTrailer, "no-document "},
         {start + kDocument + kTrailer, "no-switch "},
@@ -183,6 +201,18 @@ TEST(JobDecoder, NeverShowsASecretInAProblem) {
         EXPECT_EQ(decoded.job.problems[0].text.find("eheim"), std::string::npos);
         EXPECT_NE(decoded.job.problems[0].text.find("HOLDENCRYPTKEY"), std::string::npos);
     }
+}
+
+// Bytes that may become the sequence that ends a job wait for the next ones, but not for ever.
+TEST(JobDecoder, WaitsNoLongerThanALineForTheEnd) {
+    const std::string line = std::string(70000, 'y') + "\x1b";
+    std::string taken;
+    JobDecoder decoder([&](std::string_view piece) { taken += piece; });
+    decoder.Feed(kHeader + kSwitch + "%!\n" + line);
+    EXPECT_EQ(taken.size(), 3U + 65536U);
+    decoder.Feed("z\n\x04" + kTrailer);
+    EXPECT_TRUE(decoder.Finish().problems.empty());
+    EXPECT_TRUE(taken == "%!\n" + line + "z\n\x04") << taken.size();
 }
 
 TEST(JobDecoder, ReadsCopiesOfJobsWithPJLFeatures) {

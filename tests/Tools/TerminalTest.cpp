@@ -63,6 +63,9 @@ TEST(Printout, ColoursTextAndNotBlanks) {
     const std::string text = Laid({.width = 40, .hasColour = true});
     EXPECT_NE(text.find("\x1b[1ma heading\x1b[0m: and"), std::string::npos) << text;
     EXPECT_NE(text.find("  \x1b[31mbad\x1b[0m    x\n"), std::string::npos) << text;
+    Printout printout({.width = 40, .hasColour = true});
+    printout.Rows({{"", "x", Style::kBad}});
+    EXPECT_EQ(printout.Text().find('\x1b'), std::string::npos) << printout.Text();
 }
 
 }  // namespace

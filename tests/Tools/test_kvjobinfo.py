@@ -28,6 +28,9 @@ HEADER = (b"\x1b%-12345X@PJL JOB MODE=PRINTER\r\n@PJL SET HOLD=STORE\n"
 TRAILER = b"\x1b%-12345X@PJL EOJ\n"
 REPORT = sample("report").read_bytes()
 JOB = HEADER + REPORT + b"\x04" + TRAILER
+DRAFT = " ".join(f"{KEY}WMARK{name}Ticket={value}" for name, value in (
+    ("Name", "Draft"), ("Type", "0"), ("Text", "(DRAFT)"), ("Font", "Helvetica"),
+    ("FontSize", "96"), ("OnlyFirst", "0")))
 
 
 def run(*arguments, **settings):
@@ -161,7 +164,9 @@ trailer: from byte {len(JOB) - len(TRAILER)}
         self.assertIn(b"\x1b[1m", self.on_terminal())
         self.assertIn(b"\x1b[31m", self.on_terminal())
         self.assertNotIn(b"\x1b", self.on_terminal(NO_COLOR="1"))
+        self.assertIn(b"\x1b[1m", self.on_terminal(NO_COLOR=""))
         self.assertNotIn(b"\x1b", self.on_terminal(TERM="dumb"))
+        self.assertNotIn(b"\x1b", self.on_terminal(TERM=""))
         self.assertNotIn(b"\x1b", run("show", input=JOB, environment={"TERM": "xterm"}).stdout)
 
     def test_lines_are_as_wide_as_the_terminal(self):
@@ -198,6 +203,14 @@ trailer: from byte {len(JOB) - len(TRAILER)}
             done = run("show", input=job + half)
             self.assertEqual(done.returncode, 1)
             self.assertIn(b"half a line, its value is missing", done.stdout)
+        done = run("show", input=job + b"@PJL SET HOLD=STO")
+        self.assertRegex(done.stdout, rb"\n  @PJL SET HOLD=STO +the printer keeps the job\n")
+        done = run("show", input=job + b"@P")
+        self.assertIn(b"problems\n  byte ", done.stdout)
+        self.assertEqual(done.stdout.count(b"\n  byte "), 1)
+
+    def test_standard_input_has_a_name(self):
+        self.assertEqual(run("show", "-", input=JOB).stdout, run("show", input=JOB).stdout)
 
     def test_copies_of_jobs_with_pjl_features(self):
         copy = (HEADER.replace(b"@PJL ENTER LANGUAGE=POSTSCRIPT\n", b"") +
@@ -217,6 +230,8 @@ trailer: from byte {len(JOB) - len(TRAILER)}
         options = f"{KEY}SeparatorPageListTicket=2 {KEY}SeparatorPageTicket=3"
         text = run("show", input=run_filter("kv1010p", options, REPORT)).stdout.decode()
         self.assertRegex(text, r"by the filter  separator pages \(byte [\d,]+\)\n")
+        text = run("show", input=run_filter("kv1010p", DRAFT, REPORT)).stdout.decode()
+        self.assertRegex(text, r"by the filter  watermark: the stamp \(byte [\d,]+, 4 times\)\n")
 
     def test_long_jobs_pass_through(self):
         with tempfile.NamedTemporaryFile() as job:
@@ -260,10 +275,7 @@ class OwnPostScriptTest(unittest.TestCase):
         return {code["meaning"]: code["count"] for code in shown["document"]["ownPostScript"]}
 
     def test_watermark_of_the_dialog(self):
-        options = " ".join(f"{KEY}WMARK{name}Ticket={value}" for name, value in (
-            ("Name", "Draft"), ("Type", "0"), ("Text", "(DRAFT)"), ("Font", "Helvetica"),
-            ("FontSize", "96"), ("OnlyFirst", "0")))
-        self.assertEqual(self.own("kv1010p", options), {
+        self.assertEqual(self.own("kv1010p", DRAFT), {
             "watermark: its procedures": 1, "watermark: a page begins": 4,
             "watermark: the stamp": 4})
 
@@ -292,12 +304,20 @@ class QueueTest(unittest.TestCase):
             explained = json.loads(run("explain", "--json", "--queue", "office", "",
                                        environment=environment).stdout)
             missing = run("explain", "--queue", "nowhere", "", environment=environment)
+            cups.run(["lpadmin", "-p", "raw", "-v", "file:///dev/null", "-E"])
+            raw = run("explain", "--queue", "raw", "", environment=environment)
+            (cups.folder / "etc/ppd/office.ppd").write_text("no PPD\n")
+            broken = run("explain", "--queue", "office", "", environment=environment)
         options = {option["name"]: option for option in explained["options"]}
         self.assertEqual((options["KVStaple"]["given"], options["KVStaple"]["source"]),
                          ("LeftDouble", "queue default"))
         self.assertEqual(options["KVTrim"]["writes"][0]["line"], '@PJL SET JOBATTR="@TRMR=5"')
         self.assertEqual((missing.returncode, missing.stdout), (2, b""))
         self.assertIn(b"nowhere", missing.stderr)
+        for done, reason in ((raw, b"the queue has no PPD"),
+                             (broken, b"the queue's PPD cannot be read")):
+            self.assertEqual((done.returncode, done.stdout), (2, b""), reason)
+            self.assertIn(reason, done.stderr)
 
 
 class CompletionTest(unittest.TestCase):
@@ -357,9 +377,11 @@ class PageTest(unittest.TestCase):
     def test_what_it_cannot_show(self):
         for data, page, reason in ((JOB, 5, b"no page 5"),
                                    (HEADER + b"%!\nshowpage nosuch\n\x04" + TRAILER, 1, b"does not run"),
-                                   (REPORT, 1, b"no job"), (b"", 1, b"empty")):
+                                   (REPORT, 1, b"no job"), (b"", 1, b"empty"),
+                                   (None, 1, b"/nowhere/job: No such file")):
             with self.subTest(reason=reason):
-                done = self.render(data, page)
+                done = (self.render(data, page) if data is not None else
+                        run("page", str(page), "-o", self.picture, "/nowhere/job"))
                 self.assertEqual((done.returncode, done.stdout), (2, b""))
                 self.assertIn(reason, done.stderr)
                 self.assertEqual(list(self.picture.parent.iterdir()), [])
@@ -367,8 +389,12 @@ class PageTest(unittest.TestCase):
     def test_without_what_draws(self):
         folder = self.picture.parent
         (folder / "none").mkdir()
+        (folder / "none/bin").mkdir()
+        (folder / "none/bin/gs").write_text("#!/bin/sh\nkill -KILL $$\n")
+        (folder / "none/bin/gs").chmod(0o755)
         for picture, environment, reason in (
                 (self.picture, {"PATH": str(folder / "none")}, b"gs is needed to draw a page"),
+                (self.picture, {"PATH": str(folder / "none/bin")}, b"does not run to its end"),
                 (folder / "nowhere/page.png", {}, b"No such file or directory"),
                 (folder / "none", {}, b"Is a directory")):
             with self.subTest(reason=reason):
@@ -450,6 +476,12 @@ class ExplainTest(unittest.TestCase):
                        f" {KEY}JBAAdminUserIDListCtrlTicket={user}")
             missed = self.explain("kv1010p", options + settings)["notWritten"]
             self.assertEqual([miss["reason"] for miss in missed], reasons)
+        missed = self.explain("kv1010p", f"{KEY}PrintTypeTicketKey=1 "
+                                         f"{KEY}PrintTypeUserNameTicketKey=bob")["notWritten"]
+        reason = "the user name is given, but the print type is print at once"
+        self.assertEqual([miss["reason"] for miss in missed],
+                         [reason + " and must be secure print", reason + " and must be sample print",
+                          reason])
 
     def test_defaults_without_a_job(self):
         done = run("explain", "--json", "--ppd", ppd("kv1010p"), "--copies", "3")
@@ -459,6 +491,30 @@ class ExplainTest(unittest.TestCase):
     def test_text_on_code_of_the_ppd(self):
         text = run("explain", "--ppd", ppd("kv2024c"), "PageSize=A5").stdout.decode()
         self.assertRegex(text, "PageSize=A5: job, .*\n  document  CUPS puts the PPD's code for it there\n")
+
+    def test_text_on_what_changes_nothing(self):
+        text = run("explain", "--ppd", ppd("kv1010p"), "KVTrim=5 Zebra=").stdout.decode()
+        self.assertRegex(text, r'KVTrim=5: job, works only where [^\n]*KVFrontEnd=CUPS\n  changes ')
+        self.assertIn("\nZebra: job, none of the filter's\n", text)
+
+    def test_without_a_ppd(self):
+        trim = run("explain", "KVFrontEnd=CUPS KVTrim=5").stdout.decode()
+        self.assertIn("\nKVTrim=5: short option, ", "\n" + trim)
+        self.assertIn('  writes  @PJL SET JOBATTR="@TRMR=5"', trim)
+        switch = self.option(self.explain("kv1010p", "KVFrontEnd=CUPS"), "KVFrontEnd")
+        self.assertTrue(switch["known"])
+
+    def test_no_more_options_than_anyone_reads(self):
+        explained = self.explain("kv1010p", " ".join(f"Zebra{i}=1" for i in range(250)))
+        self.assertEqual(len(explained["options"]), 200)
+
+    def test_secrets_are_told_from_other_words(self):
+        given = {option["name"]: option["given"] for option in self.explain(
+            "kv1010p", "Spine=1 MyPin=2 KVPassword=")["options"]}
+        self.assertEqual((given["Spine"], given["MyPin"], given["KVPassword"]), ("1", "********", ""))
+        empty = self.explain("kv1010p", f"{KEY}PrintTypePasswordTicketKey=")
+        key = self.option(empty, KEY + "PrintTypePasswordTicketKey")["keys"][0]
+        self.assertEqual(key["value"], "")
 
     def test_text_on_options_that_are_none(self):
         account = f"{KEY}JBAAccountIDTextEditTicket"
@@ -474,6 +530,11 @@ class ExplainTest(unittest.TestCase):
         slip = self.option(explained, "KVStapel")
         self.assertEqual((slip["known"], slip["nearest"]), (False, "KVStaple"))
         self.assertNotIn("nearest", self.option(explained, "Colour"))
+        short = self.option(self.explain("kv1010p", "sds=1"), "sds")
+        self.assertNotIn("nearest", short)  # two letters of three are no slip
+        for number, known in (("12", True), ("x", False)):
+            name = f"{KEY}KPIFCoverValueTicket_{number}"
+            self.assertEqual(self.option(self.explain("kv1010p", name + "=1"), name)["known"], known)
         secret = self.explain("kv1010p", f"{KEY}PrintTypePaswordTicketKey=4711")
         self.assertNotIn("4711", json.dumps(secret))
 
@@ -495,6 +556,17 @@ class ExplainTest(unittest.TestCase):
             key = self.option(explained, KEY + "JBAAccountIDTextEditTicket")["keys"][0]
             self.assertEqual((key["value"], key.get("note")), (value, note))
             self.assertIn(f'@PJL SET JOBATTR="@DAID={value}"', self.lines(explained["tells"]))
+
+    def test_values_that_are_no_texts(self):
+        user = f"{KEY}JBAUserIDTextEditTicket"
+        keys = self.option(self.explain("kv1010p", user + "=bob"), user)["keys"]
+        self.assertEqual([key["value"] for key in keys], ["given", "bob"])
+        kind = f"{KEY}JBAManageTypeListTicketKey"
+        key = self.option(self.explain("kv1010p", kind + "="), kind)["keys"][0]
+        self.assertEqual((key["value"], key["note"]), ("0", "read as a number as far as it is one"))
+        account = f"{KEY}JBAAccountIDTextEditTicket"
+        lost = self.explain("kv2024c", account + "=collate" + "9" * 250)
+        self.assertEqual(self.option(lost, account)["keys"][0]["value"], "")
 
     def test_refused_job(self):
         explained = self.explain("kv2024c", "KVPrintMode=Secure KVStaple=LeftDouble")

@@ -228,6 +228,7 @@ TEST(CFHost, UnscheduledHostsAreNotHeard) {
     Client client("printhost");
     ASSERT_TRUE(client.Start());
     client.Unschedule();
+    client.Unschedule();  // for good measure
     LetTheAnswerCome();
     CFRunLoopRun();  // ends: nothing is scheduled
     EXPECT_EQ(client.calls, 0);
@@ -294,6 +295,9 @@ TEST(CFHost, KeepsTheClientsInformation) {
     EXPECT_EQ(CFGetRetainCount(name), 2);
     EXPECT_TRUE(CFHostSetClient(host, nullptr, nullptr));
     EXPECT_EQ(CFGetRetainCount(name), 1);
+    EXPECT_TRUE(CFHostSetClient(host, ignore, &context));
+    EXPECT_TRUE(CFHostSetClient(host, ignore, nullptr));
+    EXPECT_EQ(CFGetRetainCount(name), 1) << "a client may have none";
     EXPECT_TRUE(CFHostSetClient(host, ignore, &context));
     CFRelease(host);
     EXPECT_EQ(CFGetRetainCount(name), 1);

@@ -178,6 +178,10 @@ TEST(ModuleDispatcher, SpecialPagesBeginWithoutCounts) {
     EXPECT_EQ(psOptionSpecialPage.exceptionCount, 0);
 }
 
+TEST(ModuleDispatcher, ReadsNothingForTheKeyOfManySpecialPages) {
+    EXPECT_FALSE(TicketWasReadAs(KV_TICKET "KPIFCoverValueTicket_", ""));
+}
+
 // A job put together from jobs that get, and just do not get, some of the commands.
 RuledJob RandomJob(const std::vector<RuledJob> &parts, std::mt19937 &random) {
     RuledJob job = PlainJob();

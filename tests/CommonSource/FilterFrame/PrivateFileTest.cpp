@@ -175,8 +175,10 @@ TEST_F(PrivateFileTest, KnowsWhetherAPathIsStillItsOwn) {
     std::filesystem::create_symlink(moved, path_);
     EXPECT_FALSE(IsNameOf(path_, file)) << "a link to it is another's";
     std::filesystem::remove(path_);
+    EXPECT_FALSE(IsNameOf(path_, file)) << "it has no name any more";
     std::ofstream(path_) << "another's";
     EXPECT_FALSE(IsNameOf(path_, file));
+    EXPECT_FALSE(IsNameOf("/proc/self/stat", file)) << "on another file system";
     std::fclose(file);
 }
 

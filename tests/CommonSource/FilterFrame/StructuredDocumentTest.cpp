@@ -89,6 +89,8 @@ TEST_P(StructuredDocument, IsPassedOnToTheByte) {
     EXPECT_EQ(DocumentOf(Run("%!PS\nshowpage").output), "%!PS\nshowpage\n\x04");
     EXPECT_EQ(DocumentOf(Run("%!PS\nshowpage\n\x04").output), "%!PS\nshowpage\n\x04");
     EXPECT_EQ(DocumentOf(Run("%!PS").output), "%!PS\n\x04");
+    EXPECT_EQ(DocumentOf(Run("%!PS-Adobe-3.0\n%%EndComments").output),
+              "%!PS-Adobe-3.0\n%%EndComments\n\x04");
     EXPECT_EQ(DocumentOf(Run("").output), "\x04");
 }
 
@@ -255,6 +257,21 @@ TEST(StructuredDocumentCancelled, EndsAtAPageEnd) {
                   pageIsWhole ? "PAGE: 1 1\nPAGE: 2 1\n" : "PAGE: 1 1\n");
         EXPECT_EQ(filter.Wait(), 0);
     }
+}
+
+// So does one whose next page stands behind PJL.
+TEST(StructuredDocumentCancelled, EndsInFrontOfAnotherDocument) {
+    const TempFolder folder;
+    FilterProcess filter({"1", "user", "title", "1", ""}, FilterProcess::kPipe,
+                         folder.Write("queue.ppd", PpdWith(kCUPS)));
+    filter.Write("%!PS-Adobe-3.0\n%%Page: 1 1\n% last line\n");
+    const std::string output = filter.ReadUntil("% last line\n");
+    filter.Signal(SIGTERM);
+    filter.Write(kHeader + "%%Page: 1 1\nmore\n");
+    filter.CloseInput();
+    EXPECT_EQ(filter.ReadToEnd(), kTrailer);
+    EXPECT_NE(filter.ReadErrorsToEnd().find("PAGE: 1 1\n"), std::string::npos);
+    EXPECT_EQ(filter.Wait(), 0);
 }
 
 // Without the switch none of this holds.
