@@ -16,7 +16,7 @@
 
 namespace {
 
-char block[kPipeCapacity];
+char block[kReadSize];
 
 bool WriteAll(ssize_t left) {
     for (const char *at = block; left > 0;) {

@@ -19,10 +19,11 @@ SEED = int(os.environ.get("KVFILTER_SEED", "20260101"))
 
 TRAILER = b"\x1b%-12345X@PJL EOJ\n"
 ENTER = b"@PJL ENTER LANGUAGE=POSTSCRIPT\n"
-PIPE = 300_000  # bytes that no pipe of the filter's holds
+PIPE = 600_000  # bytes that no pipe of the filter's holds
 LINES = b"".join(b"%d %d moveto (words) show\n" % (n, n) for n in range(2000))
+PAGES = 20
 PAGE = b"bp\n" + LINES + b"ep\n"
-DOCUMENT = b"%!PS-Adobe-3.0\n" + PAGE * 12 + b"\x04"
+DOCUMENT = b"%!PS-Adobe-3.0\n" + PAGE * PAGES + b"\x04"
 
 PPD = """*PPD-Adobe: "4.3"
 *FormatVersion: "4.3"
@@ -193,7 +194,7 @@ class SignalsTest(unittest.TestCase):
             if mode[1]:
                 message = b"ERROR: Standard output could not be written: Broken pipe\n"
                 self.assertIn(message, job.errors)
-                self.assertLessEqual(job.pages_logged(), 12)
+                self.assertLessEqual(job.pages_logged(), PAGES)
             self.assertEqual(job.files(), [])
 
         self.at_each_moment(close_output, check, share_in=0)

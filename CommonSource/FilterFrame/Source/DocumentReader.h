@@ -121,7 +121,7 @@ class DocumentReader {
 
     // Before the block there is room for the line that the previous block left unfinished.
     static constexpr std::size_t kRoom = 8192;
-    static constexpr std::size_t kBlock = kPipeCapacity;
+    static constexpr std::size_t kBlock = kReadSize;
 
     const int file_;
     const Mode mode_;

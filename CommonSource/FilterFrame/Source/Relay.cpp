@@ -6,7 +6,6 @@
 #ifdef __linux__
 #include <fcntl.h>
 #include <sys/ioctl.h>
-#include <sys/sendfile.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -18,130 +17,135 @@
 
 namespace {
 
-// Bytes that must have arrived in a pipe for a relay to be faster than reading them.
-constexpr int kWorthwhile = 32 * 1024;
+// Bytes that must have arrived for a relay to be faster than reading them.
+constexpr unsigned kWorthwhile = 32 * 1024;
 
-enum Kind { kNone, kPipe, kFile };
+class Pipe {
+  public:
+    bool Open() {
+        if (In() >= 0) return true;
+        if (pipe2(ends_, O_CLOEXEC) != 0) return false;  // GCOVR_EXCL_BR_LINE: fault
+        WidenPipe(In());
+        return true;
+    }
+
+    void Close() {
+        for (int &end : ends_) {
+            if (end >= 0) close(end);
+            end = -1;
+        }
+    }
+
+    int Out() const { return ends_[0]; }
+    int In() const { return ends_[1]; }
+
+    // Reads `size` bytes, which must be there.
+    bool Read(char *memory, std::size_t size) const {
+        while (size > 0) {
+            const ssize_t count = read(Out(), memory, size);
+            if (count < 0 && errno == EINTR) continue;  // GCOVR_EXCL_BR_LINE: fault
+            if (count <= 0) return false;               // GCOVR_EXCL_BR_LINE: fault
+            memory += count;
+            size -= static_cast<std::size_t>(count);
+        }
+        return true;
+    }
+
+  private:
+    int ends_[2] = {-1, -1};
+};
 
 struct {
-    int source = -1;
+    int source = -1;  // what is relayed, or -1
     int output = -1;
-    Kind kind = kNone;
-    bool isRefused = false;      // it turned out that the system does not relay after all
-    int copies[2] = {-1, -1};    // the pipe that copies come through
-    const char *next = nullptr;  // in the block: the first byte that is still in the source
+    Pipe held;                   // holds the document from `next` to `end`
+    Pipe copies;                 // brings the copies to look at
+    const char *next = nullptr;  // in memory: the first byte that is held
     const char *end = nullptr;   // end of the block
     std::size_t kept = 0;        // bytes at `next` that are to be sent
-    off_t offset = 0;            // of `next`, in a file
 } relay;
 
-// How what is read from `sourceFile` can be relayed to `outputFile`.
-Kind KindOf(int sourceFile, int outputFile) {
-    struct stat source, output;
-    if (fstat(sourceFile, &source) != 0 || fstat(outputFile, &output) != 0) return kNone;
-    if (!S_ISFIFO(output.st_mode)) return kNone;
-    if (S_ISREG(source.st_mode)) return kFile;
-    if (!S_ISFIFO(source.st_mode)) return kNone;
-    if (relay.copies[0] < 0) {
-        if (pipe2(relay.copies, O_CLOEXEC) != 0) return kNone;  // GCOVR_EXCL_BR_LINE: fault
-        WidenPipe(relay.copies[1]);
-    }
-    return kPipe;
-}
-
-// Takes what will not be sent out of the pipe. False if it cannot be read.
-bool SkipTo(const char *text) {
-    char scratch[8192];
-    while (relay.next != text) {
-        const std::size_t left = static_cast<std::size_t>(text - relay.next);
-        ssize_t count = static_cast<ssize_t>(left);
-        if (relay.kind == kPipe) {
-            count = read(relay.source, scratch, std::min(left, sizeof scratch));
-        }
-        if (count < 0 && errno == EINTR) continue;  // GCOVR_EXCL_BR_LINE: fault
-        if (count <= 0) return false;               // GCOVR_EXCL_BR_LINE: fault
-        relay.next += count;
-        relay.offset += count;
-    }
-    return true;
-}
-
-// What cannot be tried again.
-ssize_t Fail() {  // GCOVR_EXCL_START: fault
-    errno = EIO;
-    return -1;
-}  // GCOVR_EXCL_STOP
-
-// Copies into `block` what has arrived in the pipe, and leaves it there.
-ssize_t LookAt(int pipe, char *block, std::size_t size) {
-    const ssize_t count = tee(pipe, relay.copies[1], size, 0);
-    for (ssize_t got = 0; got < count;) {
-        const ssize_t more =
-            read(relay.copies[0], block + got, static_cast<std::size_t>(count - got));
-        if (more < 0 && errno == EINTR) continue;  // GCOVR_EXCL_BR_LINE: fault
-        if (more <= 0) return Fail();              // GCOVR_EXCL_BR_LINE: fault
-        got += more;
-    }
-    return count;
+bool CanBeRelayed(int source, int output) {
+    struct stat from, to;
+    if (fstat(source, &from) != 0 || fstat(output, &to) != 0) return false;
+    if (!S_ISFIFO(to.st_mode) || !(S_ISFIFO(from.st_mode) || S_ISREG(from.st_mode))) return false;
+    return relay.held.Open() && relay.copies.Open();  // GCOVR_EXCL_BR_LINE: fault
 }
 
 // From now on the document is read and written as usual.
 void Refuse() {
-    relay.isRefused = true;
-    for (int &end : relay.copies) {
-        if (end >= 0) close(end);  // it may hold what nobody will look at
-        end = -1;
+    relay.source = -1;
+    relay.next = relay.end = nullptr;
+    relay.held.Close();
+    relay.copies.Close();
+}
+
+// Drops what will not be sent.
+void SkipTo(const char *text) {
+    char scratch[8192];
+    while (relay.next != text) {
+        const auto left = static_cast<std::size_t>(text - relay.next);
+        const std::size_t size = std::min(left, sizeof scratch);
+        if (!relay.held.Read(scratch, size)) return Refuse();  // GCOVR_EXCL_BR_LINE: fault
+        relay.next += size;
     }
 }
 
-ssize_t Send(std::size_t size) {
-    if (relay.kind == kPipe) {
-        return splice(relay.source, nullptr, relay.output, nullptr, size, SPLICE_F_MOVE);
-    }
-    off_t offset = relay.offset;
-    return sendfile(relay.output, relay.source, &offset, size);
+// Whether enough has arrived. Of a file that is what follows, modulo 4 GB.
+bool IsWorthwhile(int source) {
+    unsigned arrived = 0;
+    return ioctl(source, FIONREAD, &arrived) == 0 && arrived >= kWorthwhile;
 }
+
+// Copies what is held into `memory`.
+bool LookAtHeld(char *memory, std::size_t size) {
+    const ssize_t count = tee(relay.held.Out(), relay.copies.In(), size, 0);
+    return count == static_cast<ssize_t>(size) && relay.copies.Read(memory, size);
+}
+
+// Holds what has arrived, and copies it into `block`. Returns what read(2) would.
+ssize_t Hold(int source, char *block, std::size_t size) {
+    const ssize_t count =
+        splice(source, nullptr, relay.held.In(), nullptr, size, SPLICE_F_MOVE | SPLICE_F_NONBLOCK);
+    if (count <= 0) return count;
+    char *const held = block - (relay.end - relay.next);
+    relay.next = held;
+    relay.end = block + count;
+    const auto heldSize = static_cast<std::size_t>(relay.end - held);
+    if (LookAtHeld(held, heldSize)) return count;  // GCOVR_EXCL_BR_LINE: fault
+    // GCOVR_EXCL_START: fault
+    const bool isRead = relay.held.Read(held, heldSize);
+    Refuse();
+    errno = EIO;
+    return isRead ? count : -1;
+}  // GCOVR_EXCL_STOP
 
 }  // namespace
 
 void StartRelay(int source) {
-    relay.source = source;
+    SkipTo(relay.end);
     relay.output = fileno(stdout);
-    relay.kind = KindOf(source, relay.output);
-    relay.isRefused = false;
-    relay.next = relay.end = nullptr;
-    if (relay.kind == kFile) relay.offset = lseek(source, 0, SEEK_CUR);
+    relay.source = CanBeRelayed(source, relay.output) ? source : -1;
 }
 
 ssize_t RelayRead(int file, char *block, std::size_t size) {
-    if (file != relay.source || relay.kind == kNone || relay.isRefused) {
-        return read(file, block, size);
+    if (file == relay.source && IsWorthwhile(file)) {
+        const ssize_t count = Hold(file, block, size);
+        if (count >= 0) return count;
+        // Full with very small pieces, or nothing has arrived after all; a read tells.
+        if (errno != EAGAIN && errno != EINTR) Refuse();  // GCOVR_EXCL_BR_LINE: fault
     }
-    const std::ptrdiff_t rest = relay.end - relay.next;
-    if (rest > 0 && relay.kind == kPipe) return Fail();  // could not be skipped
-    int arrived = 0;
-    bool stays =
-        relay.kind == kFile || (ioctl(file, FIONREAD, &arrived) == 0 && arrived >= kWorthwhile);
-    ssize_t count = -1;
-    if (stays && relay.kind == kPipe) {
-        count = LookAt(file, block, size);
-        stays = count >= 0 || errno == EINTR || errno == EAGAIN;  // GCOVR_EXCL_BR_LINE: fault
-        if (!stays) Refuse();                                     // GCOVR_EXCL_BR_LINE: fault
-    }
-    if (!stays || relay.kind == kFile) count = read(file, block, size);
-    if (stays && count > 0) {
-        relay.next = block - rest;
-        relay.end = block + count;
-    }
-    return count;
+    SkipTo(relay.end);
+    return read(file, block, size);
 }
 
 std::size_t KeepForRelay(std::string_view text) {
     const char *const end = text.data() + text.size();
-    if (relay.isRefused || end <= relay.next || end > relay.end) return 0;
+    if (end <= relay.next || end > relay.end) return 0;
     if (relay.kept > 0 && text.data() != relay.next + relay.kept) return 0;
     const char *const begin = std::max(text.data(), relay.next);
-    if (relay.kept == 0 && !SkipTo(begin)) return 0;  // GCOVR_EXCL_BR_LINE: fault
+    if (relay.kept == 0) SkipTo(begin);
+    if (relay.end == nullptr) return 0;  // GCOVR_EXCL_BR_LINE: fault
     const std::size_t size = static_cast<std::size_t>(end - begin);
     relay.kept += size;
     return size;
@@ -153,20 +157,20 @@ bool RelayKeepsText() {
 
 std::string_view SendRelayed() {
     while (relay.kept > 0) {
-        const ssize_t count = Send(relay.kept);
+        const ssize_t count =
+            splice(relay.held.Out(), nullptr, relay.output, nullptr, relay.kept, SPLICE_F_MOVE);
         if (count < 0 && errno == EINTR) continue;  // GCOVR_EXCL_BR_LINE: fault
         if (count <= 0) break;
         relay.next += count;
-        relay.offset += count;
         relay.kept -= static_cast<std::size_t>(count);
     }
-    if (relay.kept > 0) Refuse();
-    return {relay.next, std::exchange(relay.kept, 0)};
+    const std::string_view rest(relay.next, std::exchange(relay.kept, 0));
+    if (!rest.empty()) Refuse();
+    return rest;
 }
 
 void SkipRelayed() {
-    const bool staysReadable = relay.kind == kFile && relay.end - relay.next <= kRelayRoom;
-    if (!staysReadable) SkipTo(relay.end);
+    if (relay.end - relay.next > kRelayRoom) SkipTo(relay.end);
 }
 
 #else

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Passes the document on to standard output without copying it back from this process. What is read
-// here is a copy to look at, and the document stays where it was until it is known what becomes of
-// it: what is not changed goes from pipe to pipe (tee and splice) or from file to pipe (sendfile).
-// Where the system or the descriptors do not allow that, nothing is relayed, and the document is
-// read and written as usual.
+// Passes the document on to standard output without copying it back from this process. What arrives
+// from a pipe or a file is moved into a pipe that holds it (splice), and only a copy is looked at
+// (tee). What is not changed goes from there to standard output, if that is a pipe too. Where the
+// system or the descriptors do not allow that, nothing is relayed, and the document is read and
+// written as usual.
 //
 // There is one relay, as there is one standard output. Only the output writer keeps and sends.
 #pragma once
@@ -22,7 +22,7 @@ void StartRelay(int source);
 constexpr std::ptrdiff_t kRelayRoom = 8192;
 
 // Reads as read(2) does. `block`, and the end of the one before it in the room in front of it, must
-// stay as they are until SkipRelayed.
+// stay as they are until SkipRelayed; what is left of that one is written into the room once more.
 ssize_t RelayRead(int file, char *block, std::size_t size);
 
 // Offers a text that is to be written next. Returns how much of its end is kept for SendRelayed;
@@ -35,6 +35,6 @@ bool RelayKeepsText();
 // does not take it this way.
 std::string_view SendRelayed();
 
-// Must be called before the block changes. What is not kept of it can be relayed no more, save by a
-// file.
+// Must be called before the block changes, when what is kept has been sent. What is left of it can
+// be relayed with the next one if the room in front of that holds it.
 void SkipRelayed();

@@ -40,7 +40,7 @@ class RelayTest : public testing::Test {
     }
 
     std::string_view Read(int file) {
-        const ssize_t count = RelayRead(file, block_, kPipeCapacity);
+        const ssize_t count = RelayRead(file, block_, kReadSize);
         return {block_, count < 0 ? 0 : static_cast<std::size_t>(count)};
     }
 
@@ -50,7 +50,7 @@ class RelayTest : public testing::Test {
     }
 
     std::string Sent() const {
-        std::string text(kPipeCapacity, ' ');
+        std::string text(kReadSize, ' ');
         const ssize_t count = read(output_[0], text.data(), text.size());
         return text.substr(0, count < 0 ? 0 : static_cast<std::size_t>(count));
     }
@@ -58,16 +58,16 @@ class RelayTest : public testing::Test {
     std::FILE *const saved_ = stdout;
     int input_[2] = {-1, -1}, output_[2] = {-1, -1};
     std::string document_ = std::string(200000, ' ');
-    char memory_[kRelayRoom + kPipeCapacity];
+    char memory_[kRelayRoom + kReadSize];
     char *const block_ = memory_ + kRelayRoom;
 };
 
-TEST_F(RelayTest, LeavesTheDocumentInItsPipeUntilItIsSent) {
+TEST_F(RelayTest, HoldsTheDocumentUntilItIsSent) {
     Arrive(0, 100000);
     StartRelay(input_[0]);
     const std::string_view text = Read(input_[0]);
     EXPECT_EQ(text, document_.substr(0, 100000));
-    EXPECT_TRUE(HasInput());
+    EXPECT_FALSE(HasInput());
     EXPECT_FALSE(RelayKeepsText());
     EXPECT_EQ(KeepForRelay(text.substr(0, 40000)), 40000U);
     EXPECT_EQ(KeepForRelay(text.substr(40000, 60000)), 60000U);
@@ -75,7 +75,6 @@ TEST_F(RelayTest, LeavesTheDocumentInItsPipeUntilItIsSent) {
     EXPECT_EQ(Sent(), "");
     EXPECT_EQ(SendRelayed(), "");
     EXPECT_FALSE(RelayKeepsText());
-    EXPECT_FALSE(HasInput());
     EXPECT_EQ(Sent(), text);
 }
 
@@ -91,7 +90,6 @@ TEST_F(RelayTest, LeavesOutWhatIsNotOffered) {
     EXPECT_EQ(Sent(), document_.substr(10000, 5000) + document_.substr(20000, 5000));
     EXPECT_EQ(KeepForRelay(text.substr(20000, 5000)), 0U);  // it is gone
     SkipRelayed();
-    EXPECT_FALSE(HasInput());
     Arrive(100000, 50000);
     EXPECT_EQ(Read(input_[0]), document_.substr(100000, 50000));
 }
@@ -111,11 +109,14 @@ TEST_F(RelayTest, ReadsSmallPiecesAsUsual) {
     Arrive(0, 32767);
     StartRelay(input_[0]);
     EXPECT_EQ(Read(input_[0]), document_.substr(0, 32767));
-    EXPECT_FALSE(HasInput());
     EXPECT_EQ(KeepForRelay({block_, 100}), 0U);
     Arrive(0, 32768);
     EXPECT_EQ(Read(input_[0]), document_.substr(0, 32768));
-    EXPECT_TRUE(HasInput());
+    EXPECT_EQ(KeepForRelay({block_, 100}), 100U);
+    EXPECT_EQ(SendRelayed(), "");
+    Arrive(0, 10);  // which the room could hold what is left with; but it is not worth it
+    EXPECT_EQ(Read(input_[0]), document_.substr(0, 10));
+    EXPECT_EQ(KeepForRelay({block_, 10}), 0U);
 }
 
 TEST_F(RelayTest, ReadsAsUsualWhatItWasNotStartedFor) {
@@ -146,6 +147,58 @@ TEST_F(RelayTest, ReturnsWhatStandardOutputDoesNotTake) {
     EXPECT_EQ(KeepForRelay({block_, 100}), 0U);
 }
 
+TEST_F(RelayTest, RelaysWhatIsLeftWithTheNextBlock) {
+    Arrive(0, 100000);
+    StartRelay(input_[0]);
+    EXPECT_EQ(KeepForRelay(Read(input_[0]).substr(0, 100000 - kRelayRoom)), 100000 - kRelayRoom);
+    EXPECT_EQ(SendRelayed(), "");
+    EXPECT_EQ(Sent().size(), 100000 - kRelayRoom);
+    SkipRelayed();
+    std::fill(memory_, block_, '-');
+    Arrive(100000, 50000);
+    EXPECT_EQ(Read(input_[0]), document_.substr(100000, 50000));
+    const std::string_view both(memory_, kRelayRoom + 50000);
+    EXPECT_EQ(both, document_.substr(100000 - kRelayRoom, both.size()));
+    EXPECT_EQ(KeepForRelay(both.substr(0, both.size() - kRelayRoom - 1)), 50000U - 1);
+    EXPECT_EQ(SendRelayed(), "");
+    EXPECT_EQ(Sent(), document_.substr(100000 - kRelayRoom, 50000 - 1));
+    SkipRelayed();  // one byte more than there is room for
+    Arrive(150000, 50000);
+    EXPECT_EQ(Read(input_[0]), document_.substr(150000, 50000));
+    EXPECT_EQ(KeepForRelay({block_ - 100, 300}), 200U);
+    EXPECT_EQ(SendRelayed(), "");
+    EXPECT_EQ(Sent(), document_.substr(150000, 200));
+}
+
+// A pipe has a number of places, each for a page of memory or for as little as one byte.
+TEST_F(RelayTest, ReadsAsUsualWhenItHoldsTooManyPieces) {
+    constexpr std::size_t kPlaces = kPipeCapacity / 4096;
+    int bytes[2];
+    ASSERT_EQ(pipe(bytes), 0);
+    ASSERT_EQ(write(bytes[1], "0123456789", 10), 10);
+    const auto arriveSingly = [&](std::size_t count) {
+        for (std::size_t i = 0; i < count; i++) ASSERT_EQ(tee(bytes[0], input_[1], 1, 0), 1);
+    };
+    StartRelay(input_[0]);
+    Arrive(0, 32768);
+    arriveSingly(kPlaces - 8);
+    ASSERT_EQ(Read(input_[0]).size(), 32768 + kPlaces - 8);
+    EXPECT_EQ(KeepForRelay({block_, 32768}), 32768U);
+    EXPECT_EQ(SendRelayed(), "");
+    SkipRelayed();
+    arriveSingly(8);
+    Arrive(0, 32768);
+    ASSERT_EQ(Read(input_[0]), "00000000");
+    SkipRelayed();
+    ASSERT_EQ(Read(input_[0]), document_.substr(0, 32768));
+    EXPECT_EQ(KeepForRelay({block_ - 8, 1008}), 0U);
+    Arrive(0, 32768);
+    ASSERT_EQ(Read(input_[0]), document_.substr(0, 32768));
+    EXPECT_EQ(KeepForRelay({block_ - 8, 1008}), 1000U);  // as before
+    EXPECT_EQ(SendRelayed(), "");
+    for (const int end : bytes) close(end);
+}
+
 TEST_F(RelayTest, RelaysAFileFromItsPlaceOn) {
     const TempFolder folder;
     const int file = open(folder.Write("document", document_).c_str(), O_RDONLY);
@@ -166,6 +219,7 @@ TEST_F(RelayTest, RelaysAFileFromItsPlaceOn) {
     EXPECT_EQ(KeepForRelay({block_ - 990, 2000}), 1010U);
     EXPECT_EQ(SendRelayed(), "");
     EXPECT_EQ(Sent(), document_.substr(100100, 1010));
+    EXPECT_EQ(lseek(file, 0, SEEK_CUR), 150100);
     close(file);
 }
 
