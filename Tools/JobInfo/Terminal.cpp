@@ -27,8 +27,8 @@ std::size_t Width(bool isTerminal) {
     const long number = columns ? std::strtol(columns, nullptr, 10) : 0;
     std::size_t width = number > 0 ? static_cast<std::size_t>(number) : 0;
     winsize size{};
-    if (width == 0 && isTerminal &&
-        ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0) {  // GCOVR_EXCL_BR_LINE: fault
+    const bool asks = width == 0 && isTerminal;
+    if (asks && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0) {  // GCOVR_EXCL_BR_LINE: fault
         width = size.ws_col;
     }
     return width == 0 ? 0 : std::max(width, kNarrowest);

@@ -107,10 +107,16 @@ TEST(QueueDefaults, WhatTheQueueDoesNotKnowIsDroppedWithAWord) {
     const CompletedTicket own = Complete({"MediaType=Custom.Vellum", custom});
     EXPECT_EQ(Said(own), "");
     EXPECT_EQ(Value(own, "MediaType"), "Custom.Vellum");
-    const std::string region = PpdOption("PageRegion", "A4 Letter");
+    const std::string region = PpdOption("PageRegion", "A4 Letter") +
+                               "*VariablePaperSize: True\n*MaxMediaWidth: \"999\"\n"
+                               "*MaxMediaHeight: \"999\"\n*HWMargins: 20 20 20 20\n"
+                               "*CustomPageSize True: \"pop pop pop pop pop\"\n"
+                               "*ParamCustomPageSize Width: 1 points 1 999\n"
+                               "*ParamCustomPageSize Height: 2 points 1 999\n";
     EXPECT_EQ(Said(Complete({"PageRegion=Letter", region})), "");
+    EXPECT_EQ(Said(Complete({"PageRegion=Custom.100x200", region})), "");
     EXPECT_EQ(Said(Complete({"PageRegion=A9", region})),
-              "PageRegion=A9 is not understood; allowed: A4, Letter\n");
+              "PageRegion=A9 is not understood; allowed: A4, Letter, Custom\n");
 }
 
 TEST(QueueDefaults, ColorModeOfAClientCountsIfItWasChosen) {
@@ -132,6 +138,7 @@ TEST(QueueDefaults, ColorModeOfAClientCountsIfItWasChosen) {
         {lp + "print-color-mode=monochrome", PpdOption("ColorModel", "Gray RGB") + kColor, "Color"},
         {lp + "print-color-mode=color", PpdOption("ColorModel", "Gray RGB") + kBlack, "Color"},
         {lp + "print-color-mode=color", PpdOption("ColorModel", "CMYK Gray") + kBlack, "Black"},
+        {lp + "print-color-mode=monochrome", PpdOption("ColorModel", "RGB Gray") + kColor, "Black"},
         {lp + "print-color-mode=monochrome", PpdOption("ColorModel", "CMYK Gray") + kColor,
          "Black"},
         {lp + "time-at-processing=1 ColorModel=RGB print-color-mode=color",

@@ -129,6 +129,11 @@ TEST(SpecialPageOptions, SizesAreNamedByThePPDOrByIPP) {
         "*PageSize BigCover/Cover: \"\"\n";
     EXPECT_EQ(ValuesOf(Complete("KVFrontCover=T,BigCover", cover), "Cover")[0],
               "0,1,print-none,t,white,22296,29704");
+    const std::string nothing =
+        "*PaperDimension Nothing/Nothing: \"0 0\"\n"
+        "*PageSize Nothing/Nothing: \"\"\n";
+    EXPECT_EQ(ValuesOf(Complete("KVFrontCover=T,Nothing", nothing), "Cover")[0],
+              "0,1,print-none,t,white,0,0");
 }
 
 TEST(SpecialPageOptions, AnEmptyPartLeavesTheColourAndTheSize) {
@@ -223,7 +228,7 @@ TEST(SpecialPageOptions, WhatIsNotUnderstoodIsDroppedWhole) {
         {"KVInsert", "3:a\x01"},
         {"KVInsert", "3:a\x7F"},
         {"KVInsert", "3:a\x80"},
-        {"KVInsert", "3:a\x80\x80"},
+        {"KVInsert", "3:a\xBF\xBF"},
         {"KVInsert", "3:a\xC3"},
         {"KVInsert", "3:a\xE2\x82"},
         {"KVInsert", "3:a\xF4\x90\x80\x80"},

@@ -48,6 +48,9 @@ constexpr char kSheets[] =
     "*PageSize Nothing/Nothing: \"\"\n"
     "*ImageableArea Nothing/Nothing: \"0 0 0.5 0.5\"\n"
     "*PaperDimension Nothing/Nothing: \"0.5 0.5\"\n"
+    "*PageSize Endless/Endless: \"\"\n"
+    "*ImageableArea Endless/Endless: \"0 0 595 20000\"\n"
+    "*PaperDimension Endless/Endless: \"595 20000\"\n"
     "*VariablePaperSize: True\n"
     "*MaxMediaWidth: \"9999\"\n"
     "*MaxMediaHeight: \"9999\"\n"
@@ -326,8 +329,11 @@ TEST(WatermarkOptions, APrintableAreaThatIsNoneIsTheWholeSheet) {
     for (const char *sheet : {"Swapped", "Low", "High", "Wrong"}) {
         EXPECT_EQ(size(sheet), size("Full")) << sheet;
     }
-    EXPECT_EQ(Key(Complete("KVWatermark=Draft PageSize=Nothing"), "PaperWidth"), "612")
-        << "that of a queue without a PPD";
+    for (const char *sheet : {"Nothing", "Endless"}) {
+        EXPECT_EQ(Key(Complete(std::string("KVWatermark=Draft PageSize=") + sheet), "PaperWidth"),
+                  "612")
+            << "that of a queue without a PPD";
+    }
 }
 
 TEST(WatermarkOptions, LandscapePagesTurnAsThePPDSays) {

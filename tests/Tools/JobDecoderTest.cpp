@@ -126,7 +126,7 @@ TEST(JobDecoder, PutsSpecialPagesIntoWords) {
 TEST(JobDecoder, KeepsLittleOfManyOrLongSpecialPages) {
     std::string job =
         "<?xml version=\"1.0\"?>\n<kpif><page-overrides><value><input-documents><value>"
-        "<lower-bound>2</lower-bound><upper-bound>2</upper-bound></value>"
+        "<lower-bound>2</lower-bound><upper-bound>1</upper-bound></value>"
         "</input-documents><media-col><media-type>" +
         std::string(150, 'a') + "&amp;" + std::string(100, 'b') +
         "&amp;c</media-type></media-col></value></page-overrides><insert-sheet>";
@@ -136,7 +136,7 @@ TEST(JobDecoder, KeepsLittleOfManyOrLongSpecialPages) {
     const std::vector<SpecialPage> &pages = decoded.job.specialPages.pages;
     ASSERT_EQ(pages.size(), 1000U);
     EXPECT_EQ(pages[0].words,
-              "documents 2 to 2, media " + std::string(150, 'a') + "&" + std::string(49, 'b'));
+              "documents 2 to 1, media " + std::string(150, 'a') + "&" + std::string(49, 'b'));
     EXPECT_EQ(pages[999].words, "count 2");
 }
 
