@@ -11,7 +11,6 @@
 #include <cstring>
 
 #include "CommonSource/FilterFrame/Source/OutputWriter.h"
-#include "CommonSource/FilterFrame/Source/Relay.h"
 #include "FrontEnd/Cancel.h"
 #include "FrontEnd/ForeignPJL.h"
 #include "FrontEnd/FrontEnd.h"

@@ -24,6 +24,7 @@
 
 #include "CommonSource/FilterFrame/Source/LineSearch.h"
 #include "CommonSource/FilterFrame/Source/PipeCapacity.h"
+#include "CommonSource/FilterFrame/Source/Relay.h"
 #include "FrontEnd/DocumentComments.h"
 #include "Tables/SpecialLines.h"
 
@@ -120,7 +121,7 @@ class DocumentReader {
     bool PlacesAreInOrder() const;
 
     // Before the block there is room for the line that the previous block left unfinished.
-    static constexpr std::size_t kRoom = 8192;
+    static constexpr std::size_t kRoom = kRelayRoom;
     static constexpr std::size_t kBlock = kReadSize;
 
     const int file_;
