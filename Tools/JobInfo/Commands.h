@@ -4,6 +4,8 @@
 // standard output and, what went wrong, to standard error, and returns the exit status.
 #pragma once
 
+#include <cstdio>
+
 // Exit statuses.
 constexpr int kInOrder = 0;
 constexpr int kProblemsFound = 1;
@@ -21,8 +23,14 @@ struct Command {
     const char *meaning;  // what it does
 };
 
+// Null if there is none of that name.
+const Command *FindCommand(const char *name);
+
+// Says what commands there are and how each is called.
+void PutUsage(std::FILE *stream);
+
 // "kvjobinfo: name: message" on standard error; returns kUnusable.
 int Complain(const char *name, const char *message);
 
-// Says on standard error how a command is called; returns kUnusable.
+// Says on standard error how the command of that name is called; returns kUnusable.
 int ComplainUsage(const char *name);
