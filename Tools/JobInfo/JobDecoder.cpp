@@ -151,15 +151,14 @@ void JobDecoder::ReportPartial(const JobLine &line) {
 void JobDecoder::CheckGivenOnce(const JobLine &line) {
     const PJLLine parsed = ParsePJL(line.text);
     if (!parsed.row || parsed.kind == kPJLCommand) return;
-    const std::string name(parsed.name);
-    const auto [first, isNew] = given_.emplace(name, parsed.value);
+    const auto [first, isNew] = given_.emplace(parsed.row, parsed.value);
     if (isNew || first->second == parsed.value) return;
     std::string values;
     if (!IsSecret(parsed)) {
         values = ": " + Visible(first->second) + " and " + Visible(parsed.value);
     }
     Report(kProblemGivenTwice, line.offset,
-           name + " is given twice with different values" + values);
+           std::string(parsed.name) + " is given twice with different values" + values);
 }
 
 void JobDecoder::TakeSwitch(const JobLine &line) {

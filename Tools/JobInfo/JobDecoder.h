@@ -7,10 +7,12 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 
+#include "Tables/PJLNames.h"
 #include "Tools/JobInfo/DecodedJob.h"
 #include "Tools/JobInfo/DocumentNotes.h"
 #include "Tools/JobInfo/LineCutter.h"
@@ -54,7 +56,7 @@ class JobDecoder {
     DecodedJob job_;
     DocumentNotes notes_;
     std::unique_ptr<SpecialPagesReader> specialPages_;
-    std::map<std::string, std::string> given_;  // name to value
+    std::map<const PJLName *, std::string> given_;  // the value that a name has
     std::uint64_t bytesAfter_ = 0;              // after the trailer
     std::uint64_t bytesAfterOffset_ = 0;
 };

@@ -163,6 +163,7 @@ TEST(JobDecoder, SaysWhatIsWrong) {
         {start + longLine.substr(0, 99) + "@PJL SET JOBNAME=\"b\"\n" + rest, "cut-line "},
         {start + partial + "@PJL SET JOBNAME=\"b\"\n" + rest, "line-without-end "},
         {start + "@PJL SET A=1\n@PJL SET RET=ON\n@PJL SET RET=OFF\n" + rest, "given-twice "},
+        {start + "@PJL SET RET=ON\n@PJL SET ret=OFF\n" + rest, "given-twice "},
         {start + "@PJL SET RET=ON\n@PJL SET RET=ON\n" + rest, ""},
         {start + "hello\n" + rest, "no-pjl "},
         {start + "@PJL ENTER LANGUAGE=PCL\n" + kDocument + kTrailer, "no-postscript "},
