@@ -57,6 +57,6 @@ class JobDecoder {
     DocumentNotes notes_;
     std::unique_ptr<SpecialPagesReader> specialPages_;
     std::map<const PJLName *, std::string> given_;  // the value that a name has
-    std::uint64_t bytesAfter_ = 0;              // after the trailer
+    std::uint64_t bytesAfter_ = 0;                  // after the trailer
     std::uint64_t bytesAfterOffset_ = 0;
 };
