@@ -39,12 +39,15 @@ std::string_view ForeignPJL::TakeDocument(std::string_view &text) {
         text.remove_prefix(taken.size());
         if (isOpen_ && (lineGoesOn_ || IsDropped(taken))) {
             lineGoesOn_ = !EndsLine(taken);
-            continue;
+            if (lineGoesOn_ || !documentGoesOn_) continue;
+            documentGoesOn_ = false;
+            return taken.substr(taken.size() - 1);
         }
         isOpen_ = false;
         if (at != text.npos && taken.ends_with(kEndOfPostScript)) taken.remove_suffix(1);
         if (taken.empty()) continue;
         hasDocument_ = true;
+        documentGoesOn_ = !EndsLine(taken);
         return taken;
     }
     return {};

@@ -18,8 +18,8 @@ class ForeignPJL {
   public:
     // Takes what is document off the front of `text`, a line or a part of one, and returns it, its
     // line end included; drops what is PJL. Empty when all of `text` has been used. From the
-    // sequence on, lines of PJL and empty lines are dropped, and before any document has come, all
-    // lines up to one that begins with "%!".
+    // sequence on, lines of PJL and empty lines are dropped, but for the end of one that began as
+    // document, and before any document has come, all lines up to one that begins with "%!".
     std::string_view TakeDocument(std::string_view &text);
 
     // Says that document has come without having been taken in here.
@@ -36,7 +36,8 @@ class ForeignPJL {
     bool IsDropped(std::string_view line) const;
 
     bool isOpen_ = false;
-    bool lineGoesOn_ = false;  // what was dropped last was not the end of its line
+    bool lineGoesOn_ = false;      // what was dropped last was not the end of its line
+    bool documentGoesOn_ = false;  // nor was the document that was taken last
     bool wasFound_ = false;
     bool hasDocument_ = false;
 };

@@ -46,7 +46,7 @@ TEST(ForeignPJL, EndsWithTheLineThatIsNoPJL) {
     EXPECT_EQ(Document("showpage\n\x04" + kExit + "@PJL EOJ\n" + kExit + "%%EndDocument\n%%EOF\n"),
               "showpage\n%%EndDocument\n%%EOF\n");
     EXPECT_EQ(Document("one" + kExit + "@PJL JOB\n@PJL ENTER LANGUAGE=POSTSCRIPT\n\n%!PS\n@PJL\n"),
-              "one%!PS\n@PJL\n");
+              "one\n%!PS\n@PJL\n");
 }
 
 TEST(ForeignPJL, EndsWithItsLineThoughThatComesInParts) {
@@ -58,7 +58,7 @@ TEST(ForeignPJL, EndsWithItsLineThoughThatComesInParts) {
         std::string_view taken;
         while (!(taken = pjl.TakeDocument(part)).empty()) document += taken;
     }
-    EXPECT_EQ(document, "onetwo\n");
+    EXPECT_EQ(document, "one\ntwo\n");
 }
 
 TEST(ForeignPJL, IsSeenToBeginAtTheEndOfAText) {

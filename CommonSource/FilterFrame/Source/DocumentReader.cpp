@@ -215,16 +215,16 @@ bool DocumentReader::Recognise(const char *lineEnd, bool hasSigns, DocumentPiece
     return lineIsAsked_;
 }
 
-// Whether the line of `text`, which is the rest of one if that was longer than the line buffer, is
-// a comment or may take the printer out of PostScript.
+// Whether the line of `text`, which is the rest of one if that was longer than the line buffer, may
+// take the printer out of PostScript, if need be in a comment, or is a comment.
 bool DocumentReader::RecogniseComment(std::string_view text, DocumentPiece &line) {
-    if (IsLineEnd(*(text.data() - 1))) line.comment = FindComment(text);
-    if (line.comment != Comment::kNone) {
-        line.kind = DocumentPiece::kComment;
+    if (text.find(kUniversalExit) != text.npos) {
+        line.kind = DocumentPiece::kExit;
         return true;
     }
-    if (text.find(kUniversalExit) == text.npos) return false;
-    line.kind = DocumentPiece::kExit;
+    if (IsLineEnd(*(text.data() - 1))) line.comment = FindComment(text);
+    if (line.comment == Comment::kNone) return false;
+    line.kind = DocumentPiece::kComment;
     return true;
 }
 

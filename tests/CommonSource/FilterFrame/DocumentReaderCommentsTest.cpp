@@ -19,13 +19,13 @@ using Kind = DocumentPiece::Kind;
 
 // `isWhole` is false for the rest of a line that is longer than the line buffer.
 Kind KindOf(const std::string &line, bool isWhole) {
+    // The search sees the sequence wherever it stands.
+    if (line.find("\x1b%-12345X") != line.npos) return Kind::kExit;
     if (isWhole) {
         for (const DocumentComment &row : documentComments) {
             if (line.substr(0, row.text.size()) == row.text) return Kind::kComment;
         }
     }
-    // The search sees the sequence wherever it stands.
-    if (line.find("\x1b%-12345X") != line.npos) return Kind::kExit;
     for (const SpecialLine &special : specialLines) {
         const bool isComment = special.text.starts_with("%%");
         if (special.text == line && (isWhole || !isComment)) return Kind::kSpecial;

@@ -212,6 +212,14 @@ TEST_P(StructuredDocument, LosesThePJLThatItBringsAlong) {
     EXPECT_EQ(DocumentOf(end.output), wrapped + "showpage\n%%EndDocument\n%%EOF\n\x04");
     EXPECT_TRUE(end.errors == warning + "PAGE: 1 1\n" || end.errors == "PAGE: 1 1\n" + warning);
 
+    // Even in a comment.
+    const FilterResult comments =
+        Run("%!PS-Adobe-3.0\n%%Title: a\x1b%-12345X@PJL SET COPIES=2\n%%EndComments\n"
+            "%%Page: 1 1\x1b%-12345X@PJL EOJ\n@PJL\r\nshowpage\n%%EOF\n");
+    EXPECT_EQ(DocumentOf(comments.output),
+              "%!PS-Adobe-3.0\n%%Title: a\n%%EndComments\n%%Page: 1 1\nshowpage\n%%EOF\n\x04");
+    EXPECT_NE(comments.errors.find("PAGE: 1 1\n"), comments.errors.npos) << comments.errors;
+
     const FilterResult unstructured = Run("\x1b%-12345X%!PS\nshowpage\n");
     EXPECT_EQ(DocumentOf(unstructured.output), "%!PS\nshowpage\n\x04");
     EXPECT_NE(unstructured.errors.find("PAGE: 1 1\n"), both.errors.npos) << unstructured.errors;
