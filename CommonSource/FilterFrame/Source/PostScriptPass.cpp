@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CommonSource/FilterFrame/Source/PostScriptPass.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 
 #include "CommonSource/FilterFrame/Source/DocumentReader.h"
@@ -27,16 +29,7 @@ void OutputStructuredDocument(int file, const char *name) {
     if (!DocumentIsCut(name, reader.Error())) document.PutEnd();
 }
 
-}  // namespace
-
-void OutputPSStream(int argc, char *const argv[]) {
-    const bool fromStandardInput = argc == 6;
-    const int file = OpenDocument(fromStandardInput, argv);
-    if (file < 0) return;
-    if (FrontEndIsCUPS()) {
-        OutputStructuredDocument(file, DocumentName(fromStandardInput, argv));
-        return;
-    }
+void OutputPlainDocument(int file, char *const argv[]) {
     DocumentReader reader(file, DocumentReader::kPlain, PassOn);
     const RelayedDocument relayed(file);
     DocumentState state;
@@ -49,4 +42,18 @@ void OutputPSStream(int argc, char *const argv[]) {
         }
     }
     KVfputc(kEndOfPostScriptJob, stdout);
+}
+
+}  // namespace
+
+void OutputPSStream(int argc, char *const argv[]) {
+    const bool fromStandardInput = argc == 6;
+    const int file = OpenDocument(fromStandardInput, argv);
+    if (file < 0) return;
+    if (FrontEndIsCUPS()) {
+        OutputStructuredDocument(file, DocumentName(fromStandardInput, argv));
+    } else {
+        OutputPlainDocument(file, argv);
+    }
+    if (!fromStandardInput) close(file);
 }

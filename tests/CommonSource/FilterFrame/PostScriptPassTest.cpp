@@ -2,6 +2,7 @@
 #include "CommonSource/FilterFrame/Source/PostScriptPass.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
 #include "CommonSource/FilterFrame/Source/JobHeader.h"
@@ -16,6 +17,13 @@
 
 namespace {
 
+// The descriptor that the next file gets.
+int NextDescriptor() {
+    const int next = dup(STDERR_FILENO);
+    close(next);
+    return next;
+}
+
 // Both passes over one document, in this process.
 void ComparePasses(const std::string &document, const std::string &options) {
     const TempFolder folder;
@@ -25,9 +33,11 @@ void ComparePasses(const std::string &document, const std::string &options) {
     for (int i = 0; i < 7; i++) argv[i] = words[i].data();
     GetTicketFromPDE(argv);
 
+    const int next = NextDescriptor();
     testing::internal::CaptureStderr();
     const std::string output = CaptureOutput([&] { OutputPSStream(7, argv); });
     const std::string log = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(NextDescriptor(), next) << "a file stays open";
 
     testing::internal::CaptureStderr();
     const std::string expected = CaptureOutput([&] {
