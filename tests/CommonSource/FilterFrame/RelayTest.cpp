@@ -223,6 +223,19 @@ TEST_F(RelayTest, RelaysAFileFromItsPlaceOn) {
     close(file);
 }
 
+// What an int does not count.
+TEST_F(RelayTest, RelaysAFileOfThreeGigabytes) {
+    const TempFolder folder;
+    const int file = open(folder.Write("document", "").c_str(), O_RDWR);
+    ASSERT_EQ(ftruncate(file, off_t{3} << 30), 0);
+    StartRelay(file);
+    EXPECT_EQ(Read(file), std::string(kReadSize, '\0'));
+    EXPECT_EQ(KeepForRelay({block_, 1000}), 1000U);
+    EXPECT_EQ(SendRelayed(), "");
+    EXPECT_EQ(Sent(), std::string(1000, '\0'));
+    close(file);
+}
+
 TEST_F(RelayTest, RelaysNothingToAFile) {
     const TempFolder folder;
     std::FILE *const pipe = stdout;
