@@ -48,6 +48,14 @@ std::vector<FuzzKey> PlainKeys() {
     return keys;
 }
 
+// Whether the password is given as anything else: a fuzzer learns it and puts it anywhere.
+bool IsGivenAway(std::string options) {
+    const std::string given = std::string("assword='") + kPassword + "'";
+    for (std::size_t at; (at = options.find(given)) != options.npos;)
+        options.erase(at, given.size());
+    return options.find(kPassword) != options.npos;
+}
+
 void CheckMessages(const CompletedTicket &ticket) {
     for (const TicketNotice &notice : ticket.notices) {
         FUZZ_CHECK(notice.text.find(kPassword) == std::string::npos);
@@ -85,11 +93,12 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     const unsigned kind = input.Byte();
     const bool isPlain = kind % 2 != 0;
     std::string options = FuzzOptions(input, isPlain ? plain : all);
+    const bool isGivenAway = IsGivenAway(options);
     if (kind / 2 % 2 != 0) options += std::string("KVPassword=") + kPassword;
     char word[] = "1", user[] = "alice", title[] = "Report";
     char *argv[] = {word, word, user, title, word, options.data(), nullptr};
     const CompletedTicket ticket = CompleteTicket(argv);
-    CheckMessages(ticket);
+    if (!isGivenAway) CheckMessages(ticket);
     if (ticket.refused) return 0;
     const std::string header = HeaderOf(ticket.options);
     if (isPlain) CheckLines(header);
