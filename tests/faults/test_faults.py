@@ -328,6 +328,17 @@ class FaultsTest(unittest.TestCase):
         self.assertGreater(len(work), 300)
         self.check_all(work)
 
+    def test_a_document_that_was_taken_and_cannot_be_had(self):
+        work = []
+        for mode in PIPES:
+            command = [*strace(), "-e", "inject=tee:error=EIO:when=1"]
+            calls = calls_of_main(self.bench.run(mode, command).trace)
+            after = calls[[call for call, _, _ in calls].index("tee"):]
+            read = next(number for call, number, _ in after if call == "read")
+            work.append((Fault("tee+read", "EIO", "look"), mode,
+                         [*command, "-e", f"inject=read:error=EIO:when={read}"]))
+        self.check_all(work)
+
     def test_a_store_that_cannot_be_read_back(self):
         self.check_all([(Fault("sendfile+pread", "EIO", "store"), mode, (),
                          {"KVFAULT_STORE": "fail"}) for mode in MODES if mode.pass_ == "store"])

@@ -103,7 +103,8 @@ bool LookAtHeld(char *memory, std::size_t size) {
     return count == static_cast<ssize_t>(size) && relay.copies.Read(memory, size);
 }
 
-// Holds what has arrived, and copies it into `block`. Returns what read(2) would.
+// Holds what has arrived, and copies it into `block`. Returns what read(2) would; if what has been
+// taken from the source cannot be had, less than 0 and the relay is refused.
 ssize_t Hold(int source, char *block, std::size_t size) {
     const ssize_t count =
         splice(source, nullptr, relay.held.In(), nullptr, size, SPLICE_F_MOVE | SPLICE_F_NONBLOCK);
@@ -131,7 +132,7 @@ void StartRelay(int source) {
 ssize_t RelayRead(int file, char *block, std::size_t size) {
     if (file == relay.source && IsWorthwhile(file)) {
         const ssize_t count = Hold(file, block, size);
-        if (count >= 0) return count;
+        if (count >= 0 || relay.source < 0) return count;  // GCOVR_EXCL_BR_LINE: fault
         // Full with very small pieces, or nothing has arrived after all; a read tells.
         if (errno != EAGAIN && errno != EINTR) Refuse();  // GCOVR_EXCL_BR_LINE: fault
     }
