@@ -179,7 +179,7 @@ std::vector<NearMiss> NearMisses(const TicketOptions &ticket, const std::vector<
     const std::set<std::string> written = NamesIn(effects);
     std::vector<NearMiss> misses;
     for (const CommandTable &table : CommandTables()) {
-        for (const PrtFmtEntry &row : table.rows) {
+        for (const PrtFmtEntry &row : table) {
             if (!row.comparationPara || SaysNothing(row)) continue;
             const std::string command = CommandOf(row);
             if (written.contains(command.substr(0, command.find('=')))) continue;

@@ -189,6 +189,61 @@ TEST(JobDecoder, SaysWhatIsWrong) {
     }
 }
 
+TEST(JobDecoder, SaysItInWordsAndWhere) {
+    const std::string start = "\x1b%-12345X@PJL JOB MODE=PRINTER\r\n";
+    const std::string rest = kSwitch + kDocument + "\x04" + kTrailer;
+    const std::string longLine = "@PJL SET JOBNAME=\"" + std::string(300, 'x');
+    const std::size_t second = start.size();  // line
+    const std::size_t document = second + kSwitch.size();
+    const std::string cutOff = "the job has no trailer: it is cut off in its ";
+    const std::string shown = "\"" + longLine.substr(0, 40) + "\"";
+    std::string manyLines;
+    for (int i = 0; i < 2000; i++) manyLines += "@PJL SET RET=ON\n";
+    const struct {
+        std::string job;
+        std::uint64_t offset;
+        std::string text;
+    } cases[] = {
+        {"<?xml version=\"1.0\"?>\n<kpif><a></kpif>\n" + kPlainJob, 0,
+         "the special pages are no well-formed XML, line 2: mismatched tag"},
+        {start + "hello\n" + rest, second, "a line of the header is no PJL: \"hello\""},
+        {start + longLine.substr(0, 99) + rest, second,
+         "a line was cut at 99 bytes and has lost its end: " + shown},
+        {start + "@PJL SET RET=" + rest, second,
+         "a line without its end swallows the next one: \"@PJL SET RET=\""},
+        {start + "@PJL SET RET=ON\n@PJL SET RET=OFF\n" + rest, second + 16,
+         "RET is given twice with different values: ON and OFF"},
+        {start + "@PJL ENTER LANGUAGE=PCL\n" + kDocument + kTrailer, second,
+         "the printer is not switched to PostScript: \"@PJL ENTER LANGUAGE=PCL\""},
+        {start + kSwitch + "%!\n@PJL SET RET=ON\n\x04" + kTrailer, document + 3,
+         "PJL stands in the document: \"@PJL SET RET=ON\""},
+        {kPlainJob.substr(0, kPlainJob.size() - 1), kPlainJob.size() - kTrailer.size(),
+         "the trailer has no line end"},
+        {kPlainJob + kPlainJob, kPlainJob.size(),
+         "a second job begins after the first, at byte " + std::to_string(kPlainJob.size())},
+        {kPlainJob + "\nx\n", kPlainJob.size(), "3 bytes stand after the trailer"},
+        {start + kSwitch + kTrailer, document, "the document is empty"},
+        {start + kTrailer, second, "the job has no document"},
+        {start + kSwitch + "%PDF-1.7\n\x04" + kTrailer, document,
+         "the document is no PostScript, but a PDF document"},
+        {start + kSwitch + "hello\n\x04" + kTrailer, document,
+         "the document is no PostScript, but begins with \"hello\""},
+        {start + kDocument + kTrailer, second, "no line switches the printer to PostScript"},
+        {"\x1b%-1", 4, cutOff + "first line"},
+        {kSpecialPages, kSpecialPages.size(), cutOff + "special pages"},
+        {kHeader, kHeader.size(), cutOff + "header"},
+        {kHeader + kSwitch, (kHeader + kSwitch).size(), cutOff + "document"},
+        {kHeader + kDocument, (kHeader + kDocument).size(), cutOff + "document"},
+        {start + manyLines + rest, 0, "the header has more lines than are shown: 2 more lines"},
+    };
+    for (const auto &test : cases) {
+        const Decoded decoded(test.job);
+        ASSERT_FALSE(decoded.job.problems.empty()) << test.text;
+        EXPECT_EQ(decoded.job.problems.back().text, test.text);
+        EXPECT_EQ(decoded.job.problems.back().offset, test.offset) << test.text;
+    }
+}
+
 TEST(JobDecoder, NeverShowsASecretInAProblem) {
     const std::string start = "\x1b%-12345X@PJL JOB MODE=PRINTER\r\n";
     const std::string rest = kSwitch + kDocument + "\x04" + kTrailer;
@@ -251,11 +306,27 @@ TEST(JobDecoder, TellsWhatElseItIsGiven) {
         const char *name;
     } cases[] = {
         {"%!PS\n", "PostScript without a job around it"},
+        {"\x04%!PS\n", "PostScript without a job around it"},
         {"%PDF-1.4\n", "a PDF document"},
+        {"@PJL JOB\n", "PJL that no universal exit language leads in"},
         {"\x1b"
          "E\x1b&l0O",
          "a PCL job"},
+        {"\x1b&l0O", "a PCL job"},
+        {"\x1b*rB", "a PCL job"},
+        {") HP-PCL XL;2;0", "a PCL XL job"},
+        {"RaS2", "a raster document"},
+        {"UNIRAST", "a raster document"},
         {"\x89PNG\r\n", "a PNG picture"},
+        {"\xff\xd8\xff\xe0", "a JPEG picture"},
+        {"GIF89a", "a GIF picture"},
+        {"II*", "a TIFF picture"},
+        {std::string("MM\0*", 4), "a TIFF picture"},
+        {"PK\x03\x04", "a ZIP archive or an office document"},
+        {"\x1f\x8b\x08", "compressed data"},
+        {"*PPD-Adobe: \"4.3\"\n", "a PPD file"},
+        {"{\\rtf1", "an RTF document"},
+        {"<!DOCTYPE html>\n", "an HTML document"},
         {"hello\nworld\n", "data that begins with \"hello\""},
         {std::string("\0\1\2", 3), "data that begins with \"<00><01><02>\""},
     };
@@ -265,6 +336,10 @@ TEST(JobDecoder, TellsWhatElseItIsGiven) {
         EXPECT_EQ(decoded.job.foreign, test.name);
     }
     EXPECT_EQ(Decoded("").job.kind, DecodedJob::kEmpty);
+    EXPECT_EQ(Decoded(kHeader + kSwitch + "\x1b%-12345X@PJL JOB\n\x04" + kTrailer)
+                  .job.problems.back()
+                  .text,
+              "the document is no PostScript, but a PJL job");
 }
 
 // Whatever it is given: an end, the same for any pieces, and not much memory.

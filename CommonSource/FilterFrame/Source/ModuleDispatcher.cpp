@@ -30,30 +30,28 @@ std::span<const Row> Rows(const Row *rows, std::int32_t count) {
 std::span<const TicketTable> TicketTables() {
     // clang-format off
     static const TicketTable tables[] = {
-        {"PrintType",   "Print type",              Rows(PrintTypeticketData, PrintTypeTicketDataNum)},
-        {"JBA",         "Accounting, page layout", Rows(JBAticketDataCommon, JBATicketDataNumCommon)},
-        {"JBA",         "Accounting, set by an administrator", Rows(JBAticketDataAdmin, JBATicketDataNumAdmin)},
-        {"Features",    "Output handling",         Rows(FeaturesticketData, FeaturesTicketDataNum)},
-        {"Watermark",   "Watermark",               Rows(WatermarkticketData, WatermarkTicketDataNum)},
-        {"PBind",       "Perfect binding",         Rows(PBindticketData, PBindTicketDataNum)},
-        {"Comment",     "Job information, booklet and device settings", Rows(CommentticketData, CommentTicketDataNum)},
-        {"SpecialPage", "Special pages",           Rows(SpecialPageTicketData, SpecialPageTicketDataNum)},
-        {"SpecialPage", "Special pages",           SpecialPageValueKeys},
-        {"PrintType",   "Print type",              productTypeKey},
+        {"Print type",              Rows(PrintTypeticketData, PrintTypeTicketDataNum)},
+        {"Accounting, page layout", Rows(JBAticketDataCommon, JBATicketDataNumCommon)},
+        {"Accounting, set by an administrator", Rows(JBAticketDataAdmin, JBATicketDataNumAdmin)},
+        {"Output handling",         Rows(FeaturesticketData, FeaturesTicketDataNum)},
+        {"Watermark",               Rows(WatermarkticketData, WatermarkTicketDataNum)},
+        {"Perfect binding",         Rows(PBindticketData, PBindTicketDataNum)},
+        {"Job information, booklet and device settings", Rows(CommentticketData, CommentTicketDataNum)},
+        {"Special pages",           Rows(SpecialPageTicketData, SpecialPageTicketDataNum)},
+        {"Special pages",           SpecialPageValueKeys},
+        {"Print type",              productTypeKey},
     };
     // clang-format on
     return tables;
 }
 
 std::span<const CommandTable> CommandTables() {
-    // clang-format off
     static const CommandTable tables[] = {
-        {"PrintType", "PrintTypeFmtTable", Rows(PrintTypeFmtTable, PrintTypeFmtTableNum)},
-        {"JBA",       "JBAFmtTableAdmin",  Rows(JBAFmtTableAdmin, JBAFmtTableAdminNum)},
-        {"JBA",       "JBAFmtTableCommon", Rows(JBAFmtTableCommon, JBAFmtTableCommonNum)},
-        {"Features",  "FeaturesFmtTable",  Rows(FeaturesFmtTable, FeaturesFmtTableNum)},
+        Rows(PrintTypeFmtTable, PrintTypeFmtTableNum),
+        Rows(JBAFmtTableAdmin, JBAFmtTableAdminNum),
+        Rows(JBAFmtTableCommon, JBAFmtTableCommonNum),
+        Rows(FeaturesFmtTable, FeaturesFmtTableNum),
     };
-    // clang-format on
     return tables;
 }
 

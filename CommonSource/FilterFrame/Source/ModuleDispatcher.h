@@ -12,11 +12,11 @@
 
 #include "CommonSource/FilterFrame/Source/CommandTable.h"
 #include "CommonSource/FilterFrame/Source/JobTicket.h"
+#include "FrontEnd/PageStamp.h"
 
 // Every ticket table, in the order in which they are read, and after them the keys that the ticket
 // is asked for one by one, whose rows have no destination.
 struct TicketTable {
-    const char *module;
     const char *title;  // what the settings are about
     std::span<const ticketData> rows;
 };
@@ -25,14 +25,8 @@ std::span<const TicketTable> TicketTables();
 // Every command table of a module, in the order of the job header. Values and conditions are there
 // once InializeDescriptionTableFromFilter has bound them; where a condition asks for a ticket
 // value, its pointer is the destination of the value's row.
-struct CommandTable {
-    const char *module;
-    const char *name;
-    std::span<const PrtFmtEntry> rows;
-};
+using CommandTable = std::span<const PrtFmtEntry>;
 std::span<const CommandTable> CommandTables();
-
-#include "FrontEnd/PageStamp.h"
 
 // Binds every module's tables to their lists.
 void InializeDescriptionTableFromFilter();

@@ -21,7 +21,7 @@ namespace {
 
 TEST(ModuleDispatcher, EveryTicketRowIsWhole) {
     for (const TicketTable &table : TicketTables()) {
-        EXPECT_FALSE(table.rows.empty()) << table.module;
+        EXPECT_FALSE(table.rows.empty()) << table.title;
         for (const ticketData &row : table.rows) {
             SCOPED_TRACE(row.key);
             EXPECT_STRNE(row.key, "");
@@ -88,7 +88,7 @@ TEST(ModuleDispatcher, EveryCommandRowIsWhole) {
     InializeDescriptionTable();
     std::vector<std::string> names;
     for (const CommandTable &table : CommandTables()) {
-        for (const PrtFmtEntry &row : table.rows) {
+        for (const PrtFmtEntry &row : table) {
             EXPECT_STRNE(row.meaning, "") << row.name;
             names.push_back(row.name);
         }
@@ -107,7 +107,7 @@ TEST(ModuleDispatcher, ConditionsAskForTicketValuesOrTextsOfTheJob) {
         for (const ticketData &row : table.rows) known.insert(row.destination);
     }
     for (const CommandTable &table : CommandTables()) {
-        for (const PrtFmtEntry &row : table.rows) {
+        for (const PrtFmtEntry &row : table) {
             for (std::uint32_t k = 0; k < row.comparationPara->num; k++) {
                 const CommandValue &value = row.comparationPara->items[k].value;
                 EXPECT_TRUE(known.contains(value.pointer)) << row.name << ": " << value.name;
