@@ -25,7 +25,7 @@ std::string Lines(std::string options) {
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     static const std::vector<FuzzKey> keys = [] {
         UsePpd(KVFILTER_PPD_DIR "/kv4110x.ppd");
-        std::vector<FuzzKey> all = TicketKeys("PBind");
+        std::vector<FuzzKey> all = TicketKeys("Perfect binding");
         AddPpdChoices(all);
         return all;
     }();

@@ -34,11 +34,11 @@ struct FuzzKey {
     std::vector<std::string> values;
 };
 
-// The keys of one module's ticket table, or of all.
-inline std::vector<FuzzKey> TicketKeys(std::string_view module = "") {
+// The keys of the ticket tables with this title, or of all.
+inline std::vector<FuzzKey> TicketKeys(std::string_view title = "") {
     std::vector<FuzzKey> keys;
     for (const TicketTable &table : TicketTables()) {
-        if (!module.empty() && module != table.module) continue;
+        if (!title.empty() && title != table.title) continue;
         for (const ticketData &row : table.rows) keys.push_back({row.key, WordsOf(row.values)});
     }
     return keys;

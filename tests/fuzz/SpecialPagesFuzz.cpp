@@ -16,7 +16,7 @@ namespace {
 
 // The counts, and the numbered values that they announce.
 std::vector<FuzzKey> Keys() {
-    std::vector<FuzzKey> keys = TicketKeys("SpecialPage");
+    std::vector<FuzzKey> keys = TicketKeys("Special pages");
     for (const char *kind : {"Cover", "Insertion", "Exception"}) {
         for (const char *number : {"0", "1", "2", "9", "10", "007", "-1", "99999999999"}) {
             keys.push_back({std::string(KV_TICKET "KPIF") + kind + "ValueTicket_" + number,
