@@ -9,6 +9,8 @@ import pty
 import random
 import re
 import select
+import shlex
+import signal
 import struct
 import subprocess
 import tempfile
@@ -22,6 +24,7 @@ from scheduler import ppd, sample
 
 TOOL = os.environ["KVJOBINFO_BINARY"]
 FILTER = os.environ["KVFILTER_BINARY"]
+SOURCE = pathlib.Path(__file__).resolve().parents[2]
 KEY = "com.korvell.tav.printsettings."
 HEADER = (b"\x1b%-12345X@PJL JOB MODE=PRINTER\r\n@PJL SET HOLD=STORE\n"
           b'@PJL SET HOLDENCRYPTKEY="geheim"\r\n@PJL SET JOBATTR="@LUNA=Ren\xe9"\n'
@@ -80,6 +83,40 @@ document: {len(REPORT) + 1:,} bytes from byte {len(HEADER)}
   pages    4
   end      closed by Ctrl-D
 trailer: from byte {len(JOB) - len(TRAILER)}
+""")
+
+    def test_text_of_rarer_parts(self):
+        special = (b'<?xml version="1.0"?>\n<kpif><cover-back><cover-type>front</cover-type>'
+                   b"</cover-back></kpif>\n")
+        line = b"@PJL SET RET=ON\n@PJL SET RET=OFF\n"
+        document = b"%!PS\n/kvxStamp currentdict def\nep\n"
+        job = special + HEADER.replace(b"@PJL ENTER", line + b"@PJL ENTER") + document + TRAILER
+        done = run("show", input=job)
+        self.assertEqual((done.returncode, done.stderr), (1, b""))
+        start = len(special) + len(HEADER) + len(line)
+        self.assertEqual(done.stdout.decode(), f"""\
+standard input: a job of {len(job):,} bytes, 1 problem
+special pages: {len(special)} bytes of XML
+  back cover  printed: front
+job
+  @PJL JOB MODE=PRINTER               the job begins
+print type
+  @PJL SET HOLD=STORE                 the printer keeps the job: until its owner releases it
+  @PJL SET HOLDENCRYPTKEY="********"  password that releases the job
+accounting
+  @PJL SET JOBATTR="@LUNA=René"       name of the user
+PPD features
+  @PJL SET RET=ON                     smooth edges
+  @PJL SET RET=OFF                    smooth edges
+switch to PostScript
+  @PJL ENTER LANGUAGE=POSTSCRIPT      the printer switches to PostScript
+document: {len(document)} bytes from byte {start}
+  pages          1
+  by the filter  watermark: what stamps the pages (byte {start + 5})
+  end            without Ctrl-D
+trailer: from byte {len(job) - len(TRAILER)}
+problems
+  byte {job.index(line) + 16}  RET is given twice with different values: ON and OFF
 """)
 
     def test_json(self):
@@ -200,6 +237,23 @@ trailer: from byte {len(JOB) - len(TRAILER)}
         os.close(follower)
         self.assertRegex(shown_on(leader), rb"^(\r0 MB)+\r\x1b\[K$")
 
+    def test_slow_files_are_counted_with_their_size(self):
+        leader, follower = pty.openpty()
+        with tempfile.NamedTemporaryFile() as job:
+            job.write(HEADER + b"%!PS\n")
+            job.flush()
+            os.truncate(job.name, 512_000_000)
+            with subprocess.Popen([TOOL, "show", job.name], stdout=subprocess.DEVNULL,
+                                  stderr=follower) as tool:
+                while all(os.path.realpath(link) != job.name
+                          for link in pathlib.Path(f"/proc/{tool.pid}/fd").iterdir()):
+                    time.sleep(0.001)
+                tool.send_signal(signal.SIGSTOP)
+                time.sleep(1.1)
+                tool.send_signal(signal.SIGCONT)
+        os.close(follower)
+        self.assertRegex(shown_on(leader), rb"^(\r\d+ MB of 512)+\r\x1b\[K$")
+
     def test_pages_that_the_document_promises(self):
         job = HEADER + REPORT.replace(b"%%Pages: 4", b"%%Pages: 7") + b"\x04" + TRAILER
         self.assertIn(b"pages    4, but the document says 7", run("show", input=job).stdout)
@@ -253,6 +307,34 @@ trailer: from byte {len(JOB) - len(TRAILER)}
             done = subprocess.run(peak, capture_output=True)
         self.assertEqual((done.returncode, done.stderr), (0, b""))
         self.assertIn(b"66,240,006 bytes", done.stdout)
+
+
+def replayed(transcript):
+    """A transcript as the tool writes it now. A word NAME.ppd in a command is a compiled PPD."""
+    replayed = ""
+    for command in re.findall(r"^\$ (.*)$", transcript, re.MULTILINE):
+        words = [str(ppd(word.removesuffix(".ppd"))) if word.endswith(".ppd") else word
+                 for word in shlex.split(command)]
+        done = subprocess.run([TOOL, *words[1:]], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                              stderr=subprocess.STDOUT, cwd=SOURCE, timeout=120,
+                              env={"PATH": os.environ["PATH"], "COLUMNS": "100",
+                                   "LC_ALL": "C.UTF-8"})
+        shown = re.sub("@CNAM=[^\\\\\"]*", "@CNAM=HOST", done.stdout.decode())
+        status = f"[status {done.returncode}]\n" if done.returncode else ""
+        replayed += f"$ {command}\n{shown}{status}"
+    return replayed
+
+
+class TranscriptsTest(unittest.TestCase):
+    """Whole sessions, letter for letter: tests/Tools/transcripts."""
+
+    def test_transcripts(self):
+        transcripts = sorted((SOURCE / "tests/Tools/transcripts").glob("*.txt"))
+        self.assertNotEqual(transcripts, [])
+        for path in transcripts:
+            with self.subTest(path.name):
+                self.maxDiff = None
+                self.assertEqual(replayed(path.read_text()), path.read_text())
 
 
 class SecondPairOfEyesTest(unittest.TestCase):
@@ -638,8 +720,7 @@ class OptionsTest(unittest.TestCase):
         names = {option["name"] for option in options}
         self.assertLessEqual({"KVWatermark", "KVPrintMode", "number-up", KEY + "PrintTypeTicketKey",
                               KEY + "KPIFCoverValueTicket_"}, names)
-        source = pathlib.Path(__file__).resolve().parents[2]
-        for row_file in source.glob("Modules/*/*Ticket*.def"):
+        for row_file in SOURCE.glob("Modules/*/*Ticket*.def"):
             for key in re.findall(r'KV_TICKET\s+"(\w+)"', row_file.read_text()):
                 self.assertIn(KEY + key, names)
         self.assertEqual([option["name"] for option in options if option["secret"]
@@ -658,6 +739,27 @@ class OptionsTest(unittest.TestCase):
         shown = run("options", environment={"COLUMNS": "80"}).stdout.decode()
         self.assertIn("\n  KVStaple", shown)
         self.assertLessEqual(max(map(len, shown.splitlines())), 80)
+
+    def test_text_says_all_that_json_does(self):
+        arguments = ["options", "--ppd", ppd("kv2024c")]
+        options = json.loads(run(*arguments, "--json").stdout)
+        shown = run(*arguments, environment={"COLUMNS": "100000"}).stdout.decode()
+        rows = []
+        group = None
+        for option in options:
+            if option["group"] != group:
+                rows.append(option["group"])
+            group = option["group"]
+            words = option["meaning"]
+            words += f": {option['values']}" if option["values"] else ""
+            words += f"; if not given, {option['default']}" if option["default"] else ""
+            words += f". Example: {option['example']}" if option["example"] else ""
+            rows.append(f"{option['name']} {words}")
+        self.assertEqual([re.sub(" +", " ", line).strip() for line in shown.splitlines()],
+                         [re.sub(" +", " ", row).strip() for row in rows])
+        self.assertEqual({option["group"] for option in options} & {
+            "Short options", "The queue's options", "Print type"}, {
+                "Short options", "The queue's options", "Print type"})
 
 
 if __name__ == "__main__":
