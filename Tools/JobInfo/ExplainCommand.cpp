@@ -79,6 +79,9 @@ int ExplainCommand(int argc, char *argv[]) {
     }
     const Explanation explanation =
         Explain({arguments.user, arguments.title, arguments.copies, arguments.options});
+    if (!explanation.error.empty()) {  // GCOVR_EXCL_START: fault
+        return Complain(argv[0], explanation.error.c_str());
+    }  // GCOVR_EXCL_STOP
     const std::string shown = arguments.isJSON ? ExplanationAsJSON(explanation)
                                                : ExplanationAsText(explanation, StandardOutput());
     std::fputs(shown.c_str(), stdout);

@@ -151,8 +151,14 @@ Explanation Explain(const PlannedJob &job) {
         if (isJobs) variations.back().job.options = Without(given, option.name);
     }
     const std::vector<FilterRun> runs = RunEach(variations);
+    for (const FilterRun &run : runs) {
+        if (!run.error.empty()) explanation.error = run.error;  // GCOVR_EXCL_BR_LINE: fault
+    }
+    if (!explanation.error.empty()) return explanation;  // GCOVR_EXCL_BR_LINE: fault
 
     const FilterRun run = RunHere(job);
+    explanation.error = run.error;
+    if (!explanation.error.empty()) return explanation;  // GCOVR_EXCL_BR_LINE: fault
     const CompletedTicket ticket = Complete(job);
     explanation.status = run.status;
     explanation.isRefused = ticket.refused;

@@ -43,6 +43,7 @@ struct Explanation {
     std::vector<Effect> always;  // what no setting causes
     std::vector<NearMiss> nearMisses;
     std::vector<std::string> messages;  // of the filter: its errors and warnings
+    std::string error;                  // why the job could not be tried: then nothing else holds
 };
 
 // Explains the job for the PPD of JobPPD(), or without one. Runs the filter in this process: once.

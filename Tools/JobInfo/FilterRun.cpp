@@ -6,8 +6,10 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 #include "CommonSource/FilterFrame/Source/JobCopy.h"
 #include "CommonSource/FilterFrame/Source/JobPPD.h"
@@ -20,14 +22,34 @@ constexpr std::size_t kMostAtOnce = 8;  // processes that run side by side
 
 // The three standard streams of one run, in files that nobody else sees.
 struct Streams {
-    std::FILE *file[3] = {std::tmpfile(), std::tmpfile(), std::tmpfile()};
+    std::FILE *file[3] = {};
 
-    bool AreOpen() const { return file[0] && file[1] && file[2]; }  // GCOVR_EXCL_BR_LINE: fault
+    // Opens them, with `document` to be read from the first. False, and errno, if that fails.
+    bool Open(const std::string &document) {
+        for (std::FILE *&stream : file) {
+            stream = std::tmpfile();
+            if (!stream) return false;  // GCOVR_EXCL_BR_LINE: fault
+        }
+        const std::size_t size = std::fwrite(document.data(), 1, document.size(), file[0]);
+        const bool isWritten = std::fflush(file[0]) == 0;
+        std::rewind(file[0]);
+        return isWritten && size == document.size();  // GCOVR_EXCL_BR_LINE: fault
+    }
     void Close() {
         for (std::FILE *stream : file) {
             if (stream) std::fclose(stream);  // GCOVR_EXCL_BR_LINE: fault
         }
     }
+    void MakeTheProcesssOwn() const {
+        for (int i = 0; i < 3; i++) dup2(fileno(file[i]), i);
+    }
+};
+
+// A run in a process of its own.
+struct Trial {
+    Streams streams;
+    pid_t child = -1;
+    int error = 0;  // errno, where there is no child
 };
 
 std::string Contents(std::FILE *stream) {
@@ -39,14 +61,6 @@ std::string Contents(std::FILE *stream) {
         text.append(block, static_cast<std::size_t>(count));
     }
     return text;
-}
-
-// Puts the document where the run reads it and makes the streams the process's own.
-void Redirect(const Streams &streams, const std::string &document) {
-    std::fwrite(document.data(), 1, document.size(), streams.file[0]);
-    std::fflush(streams.file[0]);
-    std::rewind(streams.file[0]);
-    for (int i = 0; i < 3; i++) dup2(fileno(streams.file[i]), i);
 }
 
 int Run(const PlannedJob &job) {
@@ -66,40 +80,56 @@ void ForgetDefault(const std::string &name) {
     if (option) *option->defchoice = '\0';
 }
 
-pid_t Start(const Variation &variation, const Streams &streams) {
-    const pid_t child = streams.AreOpen() ? fork() : -1;  // GCOVR_EXCL_BR_LINE: fault
-    if (child != 0) return child;
+void Start(const Variation &variation, Trial &trial) {
+    const bool isOpen = trial.streams.Open(SampleDocument(variation.job.options));
+    if (isOpen) trial.child = fork();          // GCOVR_EXCL_BR_LINE: fault
+    if (trial.child < 0) trial.error = errno;  // GCOVR_EXCL_BR_LINE: fault
+    if (trial.child != 0) return;
     if (!variation.withoutDefault.empty()) ForgetDefault(variation.withoutDefault);
-    Redirect(streams, SampleDocument(variation.job.options));
+    trial.streams.MakeTheProcesssOwn();
     _exit(Run(variation.job));
 }
 
-FilterRun Collect(pid_t child, const Streams &streams) {
-    if (child < 0) return {"", "", "", 128};  // GCOVR_EXCL_BR_LINE: fault
+FilterRun ResultsIn(const Streams &streams) {
+    return {Contents(streams.file[0]), Contents(streams.file[1]), Contents(streams.file[2]), 0, ""};
+}
+
+FilterRun Failed(std::string error) {  // GCOVR_EXCL_START: fault
+    return {"", "", "", 0, std::move(error)};
+}  // GCOVR_EXCL_STOP
+
+FilterRun Collect(const Trial &trial) {
+    if (trial.child < 0) return Failed(std::strerror(trial.error));  // GCOVR_EXCL_BR_LINE: fault
     int status = 0;
-    waitpid(child, &status, 0);
-    return {Contents(streams.file[0]), Contents(streams.file[1]), Contents(streams.file[2]),
-            WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status)};
+    waitpid(trial.child, &status, 0);
+    if (WIFSIGNALED(status)) {  // GCOVR_EXCL_START: fault
+        return Failed("the filter was ended by signal " + std::to_string(WTERMSIG(status)));
+    }  // GCOVR_EXCL_STOP
+    FilterRun run = ResultsIn(trial.streams);
+    run.status = WEXITSTATUS(status);
+    return run;
 }
 
 }  // namespace
 
 FilterRun RunHere(const PlannedJob &job) {
     Streams streams;
-    if (!streams.AreOpen()) return {"", "", "", 128};  // GCOVR_EXCL_BR_LINE: fault
+    if (!streams.Open(SampleDocument(job.options))) {  // GCOVR_EXCL_START: fault
+        const int error = errno;
+        streams.Close();
+        return Failed(std::strerror(error));
+    }  // GCOVR_EXCL_STOP
     std::fflush(stdout);
     int saved[3];
     for (int i = 0; i < 3; i++) saved[i] = dup(i);
-    Redirect(streams, SampleDocument(job.options));
-    FilterRun run;
-    run.status = Run(job);
+    streams.MakeTheProcesssOwn();
+    const int status = Run(job);
     for (int i = 0; i < 3; i++) {
         dup2(saved[i], i);
         close(saved[i]);
     }
-    run.document = Contents(streams.file[0]);
-    run.output = Contents(streams.file[1]);
-    run.messages = Contents(streams.file[2]);
+    FilterRun run = ResultsIn(streams);
+    run.status = status;
     streams.Close();
     return run;
 }
@@ -110,14 +140,11 @@ std::vector<FilterRun> RunEach(const std::vector<Variation> &variations) {
     while (runs.size() < variations.size()) {
         const std::size_t first = runs.size();
         const std::size_t count = std::min(kMostAtOnce, variations.size() - first);
-        std::vector<Streams> streams(count);
-        std::vector<pid_t> children;
-        for (std::size_t i = 0; i < count; i++) {
-            children.push_back(Start(variations[first + i], streams[i]));
-        }
-        for (std::size_t i = 0; i < count; i++) {
-            runs.push_back(Collect(children[i], streams[i]));
-            streams[i].Close();
+        std::vector<Trial> trials(count);
+        for (std::size_t i = 0; i < count; i++) Start(variations[first + i], trials[i]);
+        for (Trial &trial : trials) {
+            runs.push_back(Collect(trial));
+            trial.streams.Close();
         }
     }
     return runs;

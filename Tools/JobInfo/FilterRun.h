@@ -16,7 +16,8 @@ struct FilterRun {
     std::string document;  // as CUPS would hand it to the filter
     std::string output;    // the job
     std::string messages;  // standard error
-    int status = 0;        // exit status, or 128 and the signal that ended it
+    int status = 0;        // exit status
+    std::string error;     // why the filter did not run to its end: then nothing else holds
 };
 
 // Runs the job in this process, so that the modules' records hold its ticket afterwards; once.

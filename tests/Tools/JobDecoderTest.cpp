@@ -271,6 +271,15 @@ TEST(JobDecoder, WaitsNoLongerThanALineForTheEnd) {
     EXPECT_TRUE(taken == "%!\n" + line + "z\n\x04") << taken.size();
 }
 
+TEST(JobDecoder, TakesALineAsLongAsAnyAtOnce) {
+    std::size_t taken = 0;
+    JobDecoder decoder([&](std::string_view piece) { taken += piece.size(); });
+    decoder.Feed(kHeader + kSwitch + std::string(65535, 'y'));
+    EXPECT_EQ(taken, 0U);
+    decoder.Feed("y");
+    EXPECT_EQ(taken, 65536U);
+}
+
 TEST(JobDecoder, ReadsCopiesOfJobsWithPJLFeatures) {
     const std::string job = kHeader + "%!PS-Adobe-3.0\n@PJL SET RET=ON\n%%Page: 1 1\n" +
                             "@PJL SET JOBATTR=\"@TRAP=ON\"\nep\n\x04" + kSwitch + kTrailer;

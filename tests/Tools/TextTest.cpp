@@ -57,6 +57,20 @@ TEST(Text, ShowsWhatATerminalWouldObeyByName) {
     }
 }
 
+TEST(Text, TakesOneByteOfWhatIsNoUTF8) {
+    for (const std::string begin : {"\xfc", "\xc3", "\xe6\x97", "\xed\xa0\x80", "\x80"}) {
+        const std::string bytes = begin + "bc";
+        std::string_view text = bytes;
+        EXPECT_EQ(TakeCharacter(text), -1);
+        EXPECT_EQ(text, bytes.substr(1));
+    }
+    std::string_view text =
+        "\xc3\xbc"
+        "bc";
+    EXPECT_EQ(TakeCharacter(text), 0xFC);
+    EXPECT_EQ(text, "bc");
+}
+
 TEST(Text, TakesTheCellsOfATerminal) {
     ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
     EXPECT_EQ(DisplayWidth(""), 0U);

@@ -128,6 +128,12 @@ problems
         self.assertEqual(shown["header"][3]["value"], "René")
         self.assertEqual((shown["problems"], shown["document"]["pages"]), ([], 4))
         self.assertEqual(shown["trailer"]["offset"], len(JOB) - len(TRAILER))
+        self.assertEqual(list(shown), ["name", "size", "header", "document", "trailer", "problems"])
+        self.assertEqual(list(shown["header"][0]), ["offset", "line", "end", "group", "name",
+                                                    "value", "meaning"])
+        self.assertEqual(list(shown["document"]), [
+            "offset", "size", "title", "maker", "statedPages", "pages", "pageEnds",
+            "closedByControlD", "isCopy", "ownPostScript"])
 
     def test_json_has_all_that_is_known(self):
         job = run_filter("kv4024x", "KVBackCover=Thick:both KVWatermark=Draft KVStaple=LeftDouble",
@@ -726,6 +732,11 @@ class OptionsTest(unittest.TestCase):
         self.assertEqual([option["name"] for option in options if option["secret"]
                           and option["name"].startswith("KV")],
                          ["KVPassword", "KVAccountPassword", "KVStoragePassword"])
+
+    def test_what_json_says_of_an_option(self):
+        for option in json.loads(run("options", "--json").stdout):
+            self.assertEqual(list(option), ["group", "name", "values", "meaning", "default",
+                                            "example", "secret"])
 
     def test_options_of_a_queue(self):
         options = json.loads(run("options", "--json", "--ppd", ppd("kv2024c")).stdout)

@@ -6,9 +6,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <functional>
+#include <iterator>
 #include <random>
 #include <set>
+#include <sstream>
 
 #include "CommonSource/FilterFrame/Source/JobBuffers.h"
 #include "CommonSource/FilterFrame/Source/JobHeader.h"
@@ -84,15 +87,19 @@ TEST(ModuleDispatcher, EachKeyFillsItsFieldsAlone) {
     }
 }
 
+// The commands and what they tell, as tests/CommonSource/FilterFrame/commands.txt lists them.
 TEST(ModuleDispatcher, EveryCommandRowIsWhole) {
     InializeDescriptionTable();
     std::vector<std::string> names;
+    std::ostringstream listed;
     for (const CommandTable &table : CommandTables()) {
         for (const PrtFmtEntry &row : table) {
-            EXPECT_STRNE(row.meaning, "") << row.name;
+            listed << row.name << ": " << row.meaning << "\n";
             names.push_back(row.name);
         }
     }
+    std::ifstream list(KVFILTER_SOURCE_DIR "/tests/CommonSource/FilterFrame/commands.txt");
+    EXPECT_EQ(listed.str(), std::string(std::istreambuf_iterator<char>(list), {}));
     std::vector<std::string> ruled;
     for (const CommandRule &rule : AllRules()) ruled.push_back(rule.row);
     EXPECT_EQ(names, ruled);
