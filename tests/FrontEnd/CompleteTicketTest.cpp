@@ -27,6 +27,19 @@ TEST(CompleteTicket, KeepsWhatTheJobHas) {
     EXPECT_EQ(Value(ticket, "fit-to-page"), "true");
 }
 
+// The job information takes the word for the option wherever it stands.
+TEST(CompleteTicket, HidesTheWordCollateInOtherTexts) {
+    const std::string key = KV_TICKET "JBAAccountIDTextEditTicket";
+    const auto written = [&](const std::string &value) {
+        return Value(Complete({key + "=" + value + " KVNote=collate"}), key);
+    };
+    const std::string longest(248, 'x');
+    EXPECT_EQ(written("collate"), "/99/111/108/108/97/116/101");
+    EXPECT_EQ(written("collate" + longest).substr(0, 30), "/99/111/108/108/97/116/101/120");
+    EXPECT_EQ(written("collate" + longest + "x"), "absent");
+    EXPECT_EQ(Value(Complete({"KVNote=collate"}), "KVNote"), "absent");
+}
+
 TEST(CompleteTicket, KnowsWhereEveryKeyComesFrom) {
     const CompletedTicket ticket =
         Complete({"KVTrim=5 KVPassword=4711 x=y", PpdOption("KVStaple", "LeftDouble None")});

@@ -35,6 +35,13 @@ part
 )");
 }
 
+TEST(Printout, LeavesAQuarterToTextsThatAreAllTooLong) {
+    Printout printout({.width = 40});
+    printout.Rows({{"a left text that is longer than half the line", "meaning"}});
+    EXPECT_EQ(printout.Text(),
+              "  a left text that is longer than half\n  the line\n             meaning\n");
+}
+
 TEST(Printout, HasLongLinesWhereNothingLimitsThem) {
     EXPECT_EQ(Laid({}), R"(a heading: and a remark on it
   short  a meaning of several words that does not fit one line

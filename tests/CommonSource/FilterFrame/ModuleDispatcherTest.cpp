@@ -87,6 +87,25 @@ TEST(ModuleDispatcher, EachKeyFillsItsFieldsAlone) {
     }
 }
 
+// What docs/options.md leaves out, which names each key of a table once.
+TEST(ModuleDispatcher, KeysThatAreReadAgainHaveMeaningsOfTheirOwn) {
+    std::vector<std::string> listed;
+    for (const TicketTable &table : TicketTables()) {
+        for (auto row = table.rows.begin(); row != table.rows.end(); ++row) {
+            if (std::any_of(row + 1, table.rows.end(), [&](const ticketData &later) {
+                    return std::string(row->key) == later.key;
+                })) {
+                listed.push_back(std::string(row->key) + ": " + row->meaning);
+            }
+        }
+    }
+    EXPECT_EQ(listed, (std::vector<std::string>{
+                          "number-up: pages on a sheet, as the printer writes them: \"N4\"; "
+                          "without the key rows times columns",
+                          KV_TICKET "JBAUserIDTextEditTicket: whether the user is not named; "
+                                    "no command asks for it"}));
+}
+
 // The commands and what they tell, as tests/CommonSource/FilterFrame/commands.txt lists them.
 TEST(ModuleDispatcher, EveryCommandRowIsWhole) {
     InializeDescriptionTable();

@@ -143,6 +143,15 @@ TEST(OutputWriter, FlushesAndRemembersThatToo) {
     writeError = 0;
 }
 
+TEST(OutputWriter, NothingToWriteIsNoFailure) {
+    CountingStream out;
+    EXPECT_EQ(KVfputc(0, out.stream), 0);
+    EXPECT_GE(KVfputs("", out.stream), 0);
+    EXPECT_EQ(KVfprintf(out.stream, ""), 0);
+    EXPECT_EQ(KVfwrite("", 1, 0, out.stream), 0U);
+    EXPECT_EQ(writeError, 0);
+}
+
 TEST(OutputWriter, FormatsWithoutArguments) {
     const std::pair<const char *, const char *> cases[] = {
         {"", ""},
