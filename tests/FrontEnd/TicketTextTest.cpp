@@ -68,6 +68,7 @@ TEST(TicketText, LeavesOutWhatThePrinterDoesNotKnowOrWouldEndItsString) {
     const struct {
         const char *text, *shown;
     } kTexts[] = {{"日本", ""},
+                  {"ÿĀ", "ÿ"},
                   {"a日b", "ab"},
                   {"say \"hi\"", "say 'hi'"},
                   {"a\r\nb", "ab"},

@@ -52,7 +52,7 @@ class KvjobinfoFaultsTest(unittest.TestCase):
             self.check(explain(options, limit=(resource.RLIMIT_FSIZE, 0)), "File too large")
 
     def test_no_space_for_what_is_shown(self):
-        for words in (["options"], ["--help"], ["--version"]):
+        for words in (["options"], ["--help"], ["--version"], ["explain", ""]):
             with open("/dev/full", "wb") as full:
                 done = subprocess.run([TOOL, *words], stdout=full, stderr=subprocess.PIPE,
                                       check=False)
