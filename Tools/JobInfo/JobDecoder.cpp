@@ -224,7 +224,7 @@ void JobDecoder::CheckDocument() {
     const std::string_view text = document.firstLine;
     const bool isEmpty = document.size == 0 || (text == kControlD && document.size == 1);
     if (isEmpty) {
-        Report(kProblemNoDocument, job_.trailerOffset,
+        Report(kProblemNoDocument, document.present ? document.offset : job_.trailerOffset,
                job_.hasSwitch ? "the document is empty" : "the job has no document");
     } else if (!text.starts_with(kPostScript) &&
                (job_.hasTrailer || !kPostScript.starts_with(text))) {

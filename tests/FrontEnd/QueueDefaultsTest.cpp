@@ -181,6 +181,8 @@ TEST(QueueDefaults, ConflictsAreResolved) {
     const bool stapleGone = Value(both, "KVStaple") == "None";
     const bool glossGone = Value(both, "MediaType") == "Plain";
     EXPECT_NE(stapleGone, glossGone) << Said(both);
+    EXPECT_EQ(Source(both, "KVStaple").ends_with("(constraint)"), stapleGone);
+    EXPECT_EQ(Source(both, "MediaType").ends_with("(constraint)"), glossGone);
 
     const std::string stapled = kStapled + kMedia + kNoGlossyStaple;
     const CompletedTicket chosen = Complete({"MediaType=Glossy", stapled});

@@ -357,6 +357,11 @@ TEST(WatermarkOptions, WhatCannotBeStampedIsSaid) {
     EXPECT_EQ(Key(Complete("KVWatermark=Draft PageSize=Tiny"), "Name"), "absent");
 }
 
+TEST(WatermarkOptions, HasANameAsInTheDialog) {
+    EXPECT_EQ(Key(Complete("KVWatermark=Draft"), "Name"), "Draft");
+    EXPECT_EQ(Key(Complete("KVWatermark=Mine"), "Name"), "Custom");
+}
+
 TEST(WatermarkOptions, LettersOfLatin1ArriveWhole) {
     const CompletedTicket ticket =
         Complete("KVWatermark='Entwurf für Müller (100 %)' KVWatermarkStyle=Filled");

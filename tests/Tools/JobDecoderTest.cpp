@@ -112,6 +112,31 @@ TEST(JobDecoder, ReadsTheDocument) {
     EXPECT_STREQ(document.ownCode[3].meaning, "separator pages");
 }
 
+TEST(JobDecoder, KnowsWhatTheFilterPutIntoTheDocument) {
+    const std::string feature = "%%BeginNonPPDFeatures\n1 dict dup/A/Custom/ProcSet findresource";
+    const struct {
+        std::string line;
+        const char *meaning;
+    } cases[] = {
+        {"userdict/kvxInfo 2 dict dup begin", "watermark: its procedures"},
+        {"/kvxStamp currentdict def", "watermark: what stamps the pages"},
+        {"kvxbp", "watermark: a page begins"},
+        {"pgsave restore /pgsave save store gsave", "watermark: the stamp"},
+        {"pm restore /pm save store gsave", "watermark: the stamp"},
+        {"kvxpgsave restore /kvxpgsave save store gsave", "watermark: the stamp"},
+        {feature + "/setsignatureimageshift get exec", "auto-fit: shift of the image"},
+        {feature + "/setsignatureautoscale get exec", "auto-fit: scaling"},
+        {feature + "/setcoverseparator get exec", "separator pages"},
+    };
+    for (const auto &test : cases) {
+        const Decoded decoded(kHeader + kSwitch + "%!\n" + test.line + "\n\x04" + kTrailer);
+        ASSERT_EQ(decoded.job.document.ownCode.size(), 1U) << test.line;
+        EXPECT_STREQ(decoded.job.document.ownCode[0].meaning, test.meaning);
+    }
+    const std::string others = "%!\n/setcoverseparator\n kvxbp\nkvxbp 1\n\x04";
+    EXPECT_TRUE(Decoded(kHeader + kSwitch + others + kTrailer).job.document.ownCode.empty());
+}
+
 TEST(JobDecoder, PutsSpecialPagesIntoWords) {
     const std::vector<SpecialPage> pages = Decoded(kJob, 5).job.specialPages.pages;
     ASSERT_EQ(pages.size(), 3U);
@@ -223,6 +248,7 @@ TEST(JobDecoder, SaysItInWordsAndWhere) {
          "a second job begins after the first, at byte " + std::to_string(kPlainJob.size())},
         {kPlainJob + "\nx\n", kPlainJob.size(), "3 bytes stand after the trailer"},
         {start + kSwitch + kTrailer, document, "the document is empty"},
+        {start + kSwitch + "\x04" + kTrailer, document, "the document is empty"},
         {start + kTrailer, second, "the job has no document"},
         {start + kSwitch + "%PDF-1.7\n\x04" + kTrailer, document,
          "the document is no PostScript, but a PDF document"},

@@ -633,6 +633,8 @@ class ExplainTest(unittest.TestCase):
             self.assertEqual(self.option(self.explain("kv1010p", name + "=1"), name)["known"], known)
         secret = self.explain("kv1010p", f"{KEY}PrintTypePaswordTicketKey=4711")
         self.assertNotIn("4711", json.dumps(secret))
+        key = self.explain("kv1010p", f"{KEY}PrintTypePasswordTicketKey=4711")
+        self.assertNotIn("4711", json.dumps(key))
 
     def test_short_options_need_plain_cups(self):
         meaning = self.option(self.explain("kv1010p", "KVTrim=5"), "KVTrim")["meaning"]
