@@ -283,6 +283,16 @@ TEST_F(FullFileSystem, SendsWhatCouldBeStoredToItsLastLineEnd) {
     EXPECT_TRUE(Files(folder_).empty());
 }
 
+TEST_F(FullFileSystem, SendsAPageThatJustFits) {
+    ASSERT_TRUE(Mount("size=128k"));
+    std::string page;
+    while (page.size() < (128 << 10) - 3) page += std::string(page.empty() ? 60 : 63, 'x') + "\n";
+    page += "ep\n";
+    ASSERT_EQ(page.size(), 128U << 10);
+    const FilterResult result = RunFilter(DecompositionJob(folder_, page + "more\nep\n\x04"));
+    EXPECT_EQ(result.output, Framed("", page));
+}
+
 TEST_F(FullFileSystem, LeavesNoGapWhenThereIsSpaceAgain) {
     ASSERT_TRUE(Mount("size=128k"));
     folder_.Write("ballast", std::string(64 << 10, 'x'));

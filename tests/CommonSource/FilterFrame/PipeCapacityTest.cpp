@@ -3,9 +3,11 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 
 #ifdef F_SETPIPE_SZ
 namespace {
@@ -37,6 +39,25 @@ TEST(PipeCapacity, IsNeverTakenAway) {
     ASSERT_EQ(fcntl(pipe.ends[0], F_SETPIPE_SZ, 2 * kWide), 2 * kWide);
     WidenPipe(pipe.ends[0]);
     EXPECT_EQ(pipe.Capacity(), 2 * kWide);
+}
+
+TEST(PipeCapacity, IsWhatTheFilterGivesBothEndsOfItsJob) {
+    const Pipe input, output;
+    const pid_t child = fork();
+    if (child == 0) {
+        dup2(input.ends[0], STDIN_FILENO);
+        dup2(output.ends[1], STDOUT_FILENO);
+        unsetenv("PPD");
+        execl(KVFILTER_BINARY, "kvfilter", "1", "user", "title", "1", "", nullptr);
+        _exit(127);
+    }
+    EXPECT_EQ(write(input.ends[1], "%!\n\x04", 4), 4);
+    close(input.ends[1]);
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(input.Capacity(), kWide);
+    EXPECT_EQ(output.Capacity(), kWide);
 }
 
 TEST(PipeCapacity, ConcernsNothingButPipes) {
