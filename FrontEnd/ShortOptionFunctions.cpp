@@ -33,14 +33,13 @@ bool TakeSign(std::string_view &text, char sign) {
     return true;
 }
 
-bool Drop(CompletionContext &context, std::string_view why) {
+void Drop(CompletionContext &context, std::string_view why) {
     Note(context, TicketNotice::Dropped, why);
-    return false;
 }
 
 }  // namespace
 
-bool ExpandOffsetStacking(const char *value, CompletionContext &context) {
+void ExpandOffsetStacking(const char *value, CompletionContext &context) {
     std::string_view text = value;
     if (text == "Copies") text = "Copies:1";
     const bool pages = SameName(text.substr(0, 6), "Pages:");
@@ -53,10 +52,9 @@ bool ExpandOffsetStacking(const char *value, CompletionContext &context) {
     AddKey(context, kOffsetStackingListTicketKey, pages ? "4" : "5");
     AddKey(context, pages ? kOffsetStackingPagesTicketKey : kOffsetStackingCopiesTicketKey,
            std::to_string(number));
-    return true;
 }
 
-bool ExpandSeparator(const char *value, CompletionContext &context) {
+void ExpandSeparator(const char *value, CompletionContext &context) {
     std::string_view text = value;
     std::string list;
     do {
@@ -74,20 +72,18 @@ bool ExpandSeparator(const char *value, CompletionContext &context) {
     if (list.size() > kMostSeparatorPages) return Drop(context, "names more pages than fit");
     AddKey(context, kSeparatorPageListTicketKey, "2");
     AddKey(context, kSeparatorPageTicketKey, list);
-    return true;
 }
 
-bool ExpandStoragePassword(const char *value, CompletionContext &context) {
+void ExpandStoragePassword(const char *value, CompletionContext &context) {
     if (!ShortOptionValue(context, "KVStorageID") &&
         !TicketValue(context, KV_TICKET "JBAStorageIDTextEditTicket")) {
         return Drop(context, "belongs to KVStorageID, which is not given");
     }
     const auto size = static_cast<std::size_t>(FindShortOption("KVStoragePassword")->most);
-    return AddText(context, KV_TICKET "JBAStoragePasswordTextEditTicket", value, size);
+    AddText(context, KV_TICKET "JBAStoragePasswordTextEditTicket", value, size);
 }
 
-bool ExpandReportAddress(const char *, CompletionContext &context) {
+void ExpandReportAddress(const char *, CompletionContext &context) {
     if (!*IPAddressStr) return Drop(context, "cannot be: this computer has no address");
     AddKey(context, KV_TICKET "JBAIPAddressStringTicket", "1");
-    return true;
 }

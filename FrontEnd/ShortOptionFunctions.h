@@ -6,13 +6,13 @@
 #include "FrontEnd/CompletionContext.h"
 
 // "Copies", "Copies:2", "Pages:10".
-bool ExpandOffsetStacking(const char *value, CompletionContext &context);
+void ExpandOffsetStacking(const char *value, CompletionContext &context);
 
 // Pages as in page-ranges, "3,7-9".
-bool ExpandSeparator(const char *value, CompletionContext &context);
+void ExpandSeparator(const char *value, CompletionContext &context);
 
 // A password that belongs to KVStorageID.
-bool ExpandStoragePassword(const char *value, CompletionContext &context);
+void ExpandStoragePassword(const char *value, CompletionContext &context);
 
 // The computer's address, if there is one: a line that lacks it would not end.
-bool ExpandReportAddress(const char *value, CompletionContext &context);
+void ExpandReportAddress(const char *value, CompletionContext &context);

@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::string_view kTicketPrefix = KV_TICKET;
 
-// Adds the keys that `value` stands for. Returns whether it did; it has noted why not.
-using ExpandShortOption = bool (*)(const char *value, CompletionContext &context);
+// Adds the keys that `value` stands for, or notes why not.
+using ExpandShortOption = void (*)(const char *value, CompletionContext &context);
 
 // Of each row of kShortOptions its function, or null.
 // clang-format off

@@ -187,39 +187,37 @@ void AddValue(const SpecialPages &pages, std::size_t number, const std::string &
     AddKey(context, KeyOf(pages, "ValueTicket_" + std::to_string(number)), value);
 }
 
-bool ExpandList(const SpecialPages &pages, const char *text, CompletionContext &context) {
+void ExpandList(const SpecialPages &pages, const char *text, CompletionContext &context) {
     const std::vector<std::string> values = ReadValues(pages, text, context);
-    if (values.empty()) return false;
+    if (values.empty()) return;
     AddCount(pages, values.size(), context);
     for (std::size_t i = 0; i < values.size(); i++) AddValue(pages, i, values[i], context);
-    return true;
 }
 
 // A job has two covers, number 0 and 1; of one that it lacks there is no value.
 enum CoverPosition { kFront, kBack, kCovers };
 
-bool ExpandCover(CoverPosition position, const char *text, CompletionContext &context) {
+void ExpandCover(CoverPosition position, const char *text, CompletionContext &context) {
     const std::vector<std::string> values = ReadValues(kCover, text, context);
-    if (values.size() != 1) return false;
+    if (values.size() != 1) return;
     AddCount(kCover, kCovers, context);
     AddValue(kCover, position, std::to_string(position) + "," + values[0], context);
-    return true;
 }
 
 }  // namespace
 
-bool ExpandFrontCover(const char *value, CompletionContext &context) {
-    return ExpandCover(kFront, value, context);
+void ExpandFrontCover(const char *value, CompletionContext &context) {
+    ExpandCover(kFront, value, context);
 }
 
-bool ExpandBackCover(const char *value, CompletionContext &context) {
-    return ExpandCover(kBack, value, context);
+void ExpandBackCover(const char *value, CompletionContext &context) {
+    ExpandCover(kBack, value, context);
 }
 
-bool ExpandInsert(const char *value, CompletionContext &context) {
-    return ExpandList(kInsertion, value, context);
+void ExpandInsert(const char *value, CompletionContext &context) {
+    ExpandList(kInsertion, value, context);
 }
 
-bool ExpandException(const char *value, CompletionContext &context) {
-    return ExpandList(kException, value, context);
+void ExpandException(const char *value, CompletionContext &context) {
+    ExpandList(kException, value, context);
 }

@@ -19,8 +19,7 @@
 
 // Each adds the keys that `value` stands for, of the option that gives it its name. One that is not
 // understood is noted, and adds none; neither does one beside the dialog's own keys of its kind.
-// Returns whether any were added.
-bool ExpandFrontCover(const char *value, CompletionContext &context);
-bool ExpandBackCover(const char *value, CompletionContext &context);
-bool ExpandInsert(const char *value, CompletionContext &context);
-bool ExpandException(const char *value, CompletionContext &context);
+void ExpandFrontCover(const char *value, CompletionContext &context);
+void ExpandBackCover(const char *value, CompletionContext &context);
+void ExpandInsert(const char *value, CompletionContext &context);
+void ExpandException(const char *value, CompletionContext &context);

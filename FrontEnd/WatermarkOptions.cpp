@@ -189,15 +189,15 @@ void AddKeys(const char *name, const WatermarkText &text, const Look &look, int 
 
 }  // namespace
 
-bool ExpandWatermark(const char *value, CompletionContext &context) {
-    if (JobValue(context, KV_TICKET "WMARKNameTicket")) return false;  // it has one of its own
+void ExpandWatermark(const char *value, CompletionContext &context) {
+    if (JobValue(context, KV_TICKET "WMARKNameTicket")) return;  // it has one of its own
     const Look look = LookOf(context);
     const NamedText *named = FindRow(kTexts, value);
     WatermarkText text = MakeWatermarkText(*look.font, named ? named->text : value,
                                            kFieldLength - (look.isFilled ? 0 : kOutlineLength));
     if (text.box.left == text.box.right) {
         Note(context, TicketNotice::Dropped, "has no letters that the printer knows");
-        return false;
+        return;
     }
     if (text.lacksLetters) {
         Note(context, TicketNotice::Changed, "loses the letters that the printer does not know");
@@ -211,7 +211,7 @@ bool ExpandWatermark(const char *value, CompletionContext &context) {
     const int largest = LargestSize(sheet, direction, text.box);
     if (largest == 0) {
         Note(context, TicketNotice::Dropped, "does not fit the sheet");
-        return false;
+        return;
     }
     if (look.size > largest) {
         std::string why = "is " + std::to_string(largest) + " points large; ";
@@ -220,5 +220,4 @@ bool ExpandWatermark(const char *value, CompletionContext &context) {
     }
     const int size = look.size == kFit ? largest : std::min(look.size, largest);
     AddKeys(named ? named->name : "Custom", text, look, size, sheet, direction, context);
-    return true;
 }

@@ -9,5 +9,5 @@
 // Adds the keys of the watermark that `value`, of KVWatermark, and the short options beside it
 // describe: Draft, Copy, Confidential or a text of one's own. The text is centred on the sheet,
 // runs as the pages on it do and lies within the printable area; one too large for that comes out
-// smaller. A job with the dialog's own watermark keeps that. Returns whether keys were added.
-bool ExpandWatermark(const char *value, CompletionContext &context);
+// smaller. A job with the dialog's own watermark keeps that.
+void ExpandWatermark(const char *value, CompletionContext &context);
