@@ -204,6 +204,17 @@ TEST(QueueDefaults, ConflictsAreResolved) {
         << "what the queue has set holds against two that were chosen";
 }
 
+TEST(QueueDefaults, ConflictsWithoutAWayOutAreSaid) {
+    std::string lines = PpdOption("One", "A B") + PpdOption("Two", "A B");
+    for (const std::string one : {"A", "B"}) {
+        for (const std::string two : {"A", "B"}) {
+            lines += "*UIConstraints: *One " + one + " *Two " + two + "\n";
+            lines += "*UIConstraints: *Two " + two + " *One " + one + "\n";
+        }
+    }
+    EXPECT_EQ(Said(Complete({"One=B", lines})), "options of this job are not possible together\n");
+}
+
 TEST(QueueDefaults, SidesFollowWhatConstraintsMakeOfDuplex) {
     const std::string lines = kDuplex + kMedia +
                               "*UIConstraints: *Duplex DuplexNoTumble *MediaType Glossy\n"
