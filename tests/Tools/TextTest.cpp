@@ -64,11 +64,23 @@ TEST(Text, TakesOneByteOfWhatIsNoUTF8) {
         EXPECT_EQ(TakeCharacter(text), -1);
         EXPECT_EQ(text, bytes.substr(1));
     }
-    std::string_view text =
-        "\xc3\xbc"
-        "bc";
-    EXPECT_EQ(TakeCharacter(text), 0xFC);
-    EXPECT_EQ(text, "bc");
+}
+
+TEST(Text, TakesTheFirstAndTheLastLetterOfEachLength) {
+    const struct {
+        std::string bytes;
+        std::int32_t code;
+    } letters[] = {
+        {std::string(1, '\0'), 0},     {"\x7f", 0x7F},           {"\xc2\x80", 0x80},
+        {"\xdf\xbf", 0x7FF},           {"\xe0\xa0\x80", 0x800},  {"\xed\x9f\xbf", 0xD7FF},
+        {"\xee\x80\x80", 0xE000},      {"\xef\xbf\xbf", 0xFFFF}, {"\xf0\x90\x80\x80", 0x10000},
+        {"\xf4\x8f\xbf\xbf", 0x10FFFF}};
+    for (const auto &letter : letters) {
+        const std::string bytes = letter.bytes + "bc";
+        std::string_view text = bytes;
+        EXPECT_EQ(TakeCharacter(text), letter.code);
+        EXPECT_EQ(text, "bc");
+    }
 }
 
 TEST(Text, TakesTheCellsOfATerminal) {
