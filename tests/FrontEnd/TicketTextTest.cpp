@@ -69,6 +69,7 @@ TEST(TicketText, LeavesOutWhatThePrinterDoesNotKnowOrWouldEndItsString) {
         const char *text, *shown;
     } kTexts[] = {{"日本", ""},
                   {"ÿĀ", "ÿ"},
+                  {"\u009F\u00A0", "\u00A0"},
                   {"a日b", "ab"},
                   {"say \"hi\"", "say 'hi'"},
                   {"a\r\nb", "ab"},
