@@ -51,10 +51,7 @@ std::string TakeFolded(std::string_view &text, std::size_t width) {
         TakeCharacter(rest);
         cells += DisplayWidth(before.substr(0, before.size() - rest.size()));
         if (cells <= width) continue;
-        const bool atBlank = before[0] == ' ';
-        const std::size_t length = atBlank         ? place
-                                   : lastBlank > 0 ? lastBlank
-                                                   : std::max<std::size_t>(place, 1);
+        const std::size_t length = lastBlank > 0 ? lastBlank : std::max<std::size_t>(place, 1);
         std::string line(text.substr(0, length));
         text.remove_prefix(length);
         text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));

@@ -55,6 +55,9 @@ TEST(ShortOptions, RowsFitAPPD) {
             EXPECT_EQ(choice.find_first_of(":/*"), std::string::npos) << name << " " << choice;
         }
         EXPECT_LE(row.least, row.most) << name;
+        if (row.own == OwnValue::None) {
+            EXPECT_EQ(row.most, 0) << name;
+        }
         EXPECT_STRNE(row.meaning, "") << name;
         EXPECT_TRUE(std::string(row.example).starts_with(name + "=")) << name;
         EXPECT_EQ(FindShortOption(name), &row);

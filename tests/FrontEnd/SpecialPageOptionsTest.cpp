@@ -247,7 +247,11 @@ TEST(SpecialPageOptions, ManyRangesAreTooMany) {
     std::string value = "1";
     for (int page = 2; page <= 1000; page++) value += "," + std::to_string(page);
     EXPECT_EQ(ValuesOf(Complete("KVException=" + value + ":T"), "Exception").size(), 1000U);
-    EXPECT_TRUE(ValuesOf(Complete("KVException=" + value + ",1001:T"), "Exception").empty());
+    const CompletedTicket tooMany = Complete("KVException=" + value + ",1001:T");
+    EXPECT_TRUE(ValuesOf(tooMany, "Exception").empty());
+    ASSERT_EQ(tooMany.notices.size(), 1U);
+    EXPECT_TRUE(tooMany.notices[0].text.ends_with(" names more than 1000 places in the document"))
+        << tooMany.notices[0].text;
 }
 
 TEST(SpecialPageOptions, TheDialogsOwnKeysStayAsTheyAre) {

@@ -35,6 +35,17 @@ part
 )");
 }
 
+TEST(Printout, FoldsAtTheBlankThatJustFits) {
+    const auto folded = [](const char *text) {
+        Printout printout({.width = 20});
+        printout.Paragraph(text, 2);
+        return printout.Text();
+    };
+    EXPECT_EQ(folded("123456 89012345678 x"), "  123456 89012345678\n  x\n");
+    EXPECT_EQ(folded("123456 8901234567 9x"), "  123456 8901234567\n  9x\n");
+    EXPECT_EQ(folded("123456 890123456789 x"), "  123456\n  890123456789 x\n");
+}
+
 TEST(Printout, LeavesAQuarterToTextsThatAreAllTooLong) {
     Printout printout({.width = 40});
     printout.Rows({{"a left text that is longer than half the line", "meaning"}});

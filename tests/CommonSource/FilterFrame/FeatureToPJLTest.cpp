@@ -139,6 +139,7 @@ TEST(FeatureToPJL, SendsEverySettingOfALine) {
                   Attribute("TSCR", "64") + Attribute("GSCR", "64") + Attribute("ISCR", "64"));
     EXPECT_EQ(Settings("/TCPR 1 /GCPR 2 /ICPR 30 def"),
               Attribute("TCPR", "1") + Attribute("GCPR", "2") + Attribute("ICPR", "30"));
+    EXPECT_EQ(Settings("/TSCR 90 /GSCR 09"), Attribute("TSCR", "90") + Attribute("GSCR", "09"));
     EXPECT_EQ(Settings("no digits"), "");
     EXPECT_EQ(Settings(""), "");
 }

@@ -88,6 +88,10 @@ TEST_F(JobHeader, FramingTables) {
     EXPECT_STREQ(prtFmtTableKPJLJobMode[0].prtfmtStr, "@PJL JOB MODE=PRINTER%c%c");
     EXPECT_STREQ(prtFmtTableEnterPS[0].prtfmtStr, "@PJL ENTER LANGUAGE=POSTSCRIPT\n");
     EXPECT_STREQ(prtFmtTableKPJLTrailer[0].prtfmtStr, "%c%c-12345X@PJL EOJ\n");
+    EXPECT_STREQ(prtFmtTableKPJLHead[0].name, "KPJLHead");
+    EXPECT_STREQ(prtFmtTableKPJLJobMode[0].name, "KPJLJobMode");
+    EXPECT_STREQ(prtFmtTableEnterPS[0].name, "EnterPS");
+    EXPECT_STREQ(prtFmtTableKPJLTrailer[0].name, "KPJLTrailer");
     EXPECT_EQ(prtFmtTableEnterPS[0].symPara, nullptr);
     const struct {
         const PrtFmtEntry &row;
