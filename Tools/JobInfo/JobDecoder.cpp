@@ -256,7 +256,8 @@ const DecodedJob &JobDecoder::Finish() {
     CheckEnd();
     if (bytesAfter_ > 0) {
         Report(kProblemBytesAfter, bytesAfterOffset_,
-               Count(bytesAfter_, "byte") + " stand after the trailer");
+               Count(bytesAfter_, "byte") +
+                   (bytesAfter_ == 1 ? " stands after the trailer" : " stand after the trailer"));
     }
     if (job_.linesLeftOut > 0) {
         Report(

@@ -58,7 +58,7 @@ TEST(Text, ShowsWhatATerminalWouldObeyByName) {
 }
 
 TEST(Text, TakesOneByteOfWhatIsNoUTF8) {
-    for (const std::string begin : {"\xfc", "\xc3", "\xe6\x97", "\xed\xa0\x80", "\x80"}) {
+    for (const std::string begin : {"\xfc", "\xc3", "\xe6\x97", "\xed\xa0\x80", "\xed\xbf\xbf", "\x80"}) {
         const std::string bytes = begin + "bc";
         std::string_view text = bytes;
         EXPECT_EQ(TakeCharacter(text), -1);
@@ -87,6 +87,7 @@ TEST(Text, TakesTheCellsOfATerminal) {
     ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
     EXPECT_EQ(DisplayWidth(""), 0U);
     EXPECT_EQ(DisplayWidth("abc"), 3U);
+    EXPECT_EQ(DisplayWidth("\xc2\x80"), 0U);
     EXPECT_EQ(DisplayWidth("Gr\xc3\xbc\xc3\x9f"
                            "e"),
               5U);

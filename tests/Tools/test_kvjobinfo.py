@@ -135,6 +135,12 @@ problems
             "offset", "size", "title", "maker", "statedPages", "pages", "pageEnds",
             "closedByControlD", "isCopy", "ownPostScript"])
 
+    def test_json_of_problems(self):
+        job = JOB + b"x"
+        shown = json.loads(run("show", "--json", input=job).stdout)
+        self.assertEqual(shown["problems"], [{"kind": "bytes-after", "offset": len(JOB),
+                                              "text": "1 byte stands after the trailer"}])
+
     def test_json_has_all_that_is_known(self):
         job = run_filter("kv4024x", "KVBackCover=Thick:both KVWatermark=Draft KVStaple=LeftDouble",
                          REPORT)
