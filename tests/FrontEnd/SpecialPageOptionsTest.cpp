@@ -141,6 +141,23 @@ TEST(SpecialPageOptions, AnEmptyPartLeavesTheColourAndTheSize) {
     EXPECT_EQ(Insertions("1:\xEE\x80\x80"), (Values{"1,1,1,white,21000,29700,&#57344;"}));
 }
 
+TEST(SpecialPageOptions, NamesHoldAnyLetterOfUTF8) {
+    const std::pair<std::string, std::string> letters[] = {
+        {"\xC2\x80", "128"},           {"\xDF\xBF", "2047"},
+        {"\xE0\xA0\x80", "2048"},      {"\xED\x9F\xBF", "55295"},
+        {"\xEE\x80\x80", "57344"},     {"\xEF\xBF\xBD", "65533"},
+        {"\xF0\x90\x80\x80", "65536"}, {"\xF4\x8F\xBF\xBF", "1114111"},
+    };
+    for (const auto &[letter, code] : letters) {
+        EXPECT_EQ(Insertions("1:" + letter), (Values{"1,1,1,white,21000,29700,&#" + code + ";"}));
+    }
+    for (const std::string wrong :
+         {"\x7F", "\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xED\xBF\xBF",
+          "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF8\x88\x80\x80", "\xC2", "\xE0\xA0"}) {
+        EXPECT_EQ(Insertions("1:" + wrong), Values{}) << wrong;
+    }
+}
+
 TEST(SpecialPageOptions, TheOrdinaryTypeStandsWhereThePrinterIsToChoose) {
     for (const char *choices : {"AutoSelect Heavy", "Auto Heavy"}) {
         EXPECT_EQ(Exceptions("2::one-sided", "", PpdOption("MediaType", choices)),
