@@ -154,7 +154,11 @@ TEST(SpecialPageOptions, NamesHoldAnyLetterOfUTF8) {
     for (const std::string wrong :
          {"\x7F", "\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xED\xBF\xBF",
           "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF8\x88\x80\x80", "\xC2", "\xE0\xA0"}) {
-        EXPECT_EQ(Insertions("1:" + wrong), Values{}) << wrong;
+        const CompletedTicket ticket = Complete("KVInsert=1:" + wrong);
+        EXPECT_TRUE(ValuesOf(ticket, "Insertion").empty());
+        EXPECT_EQ(Said(ticket), "KVInsert=1:" + wrong +
+                                    " names what the printer's ticket cannot hold: " + wrong +
+                                    "\n");
     }
 }
 

@@ -689,6 +689,11 @@ class ExplainTest(unittest.TestCase):
                 with self.subTest(model=model, options=options):
                     self.check_round_trip(model, options)
 
+    def test_round_trip_of_postscript_on_sheets_of_several_pages(self):
+        options = f"number-up=2 {KEY}SeparatorPageListTicket=2 {KEY}SeparatorPageTicket=3"
+        self.assertIn("PostScript", self.lines(self.explain("kv1010p", options)["tells"]))
+        self.check_round_trip("kv1010p", options)
+
     def check_round_trip(self, model, options):
         environment = {**os.environ, "PPD": str(ppd(model))}
         pstops = scheduler.server_bin() / "filter/pstops"
