@@ -690,7 +690,9 @@ class ExplainTest(unittest.TestCase):
                     self.check_round_trip(model, options)
 
     def test_round_trip_of_postscript_on_sheets_of_several_pages(self):
-        options = f"number-up=2 {KEY}SeparatorPageListTicket=2 {KEY}SeparatorPageTicket=3"
+        layout = "com.apple.print.PrintSettings.PMLayout"
+        options = (f"number-up=2 {layout}Rows..n.=1 {layout}Columns..n.=2 "
+                   f"{KEY}SeparatorPageListTicket=2 {KEY}SeparatorPageTicket=3")
         self.assertIn("PostScript", self.lines(self.explain("kv1010p", options)["tells"]))
         self.check_round_trip("kv1010p", options)
 
