@@ -69,6 +69,11 @@ TEST(JobNames, LongNamesLeaveTheirLinesWhole) {
     EXPECT_EQ(StdJBAUserName, ("a" + umlauts).substr(0, 31)) << "no half letter";
 }
 
+TEST(JobNames, OfAnyASCIILetterAreRead) {
+    EXPECT_EQ(Set("", "!~", "title"), "");
+    EXPECT_STREQ(StdUserName, "!~");
+}
+
 TEST(JobNames, DoNotEndTheirLines) {
     std::strcpy(PTStdDocumentName, "an \"x\"");
     EXPECT_EQ(Set("", "a\"b", "a \"title\"\r\n@PJL"),

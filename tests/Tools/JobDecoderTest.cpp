@@ -304,6 +304,10 @@ TEST(JobDecoder, TakesALineAsLongAsAnyAtOnce) {
     EXPECT_EQ(taken, 0U);
     decoder.Feed("y");
     EXPECT_EQ(taken, 65536U);
+    decoder.Feed(std::string(65535, 'y') + "\x1b");  // which may end the job
+    EXPECT_EQ(taken, 65536U);
+    decoder.Feed("\n" + std::string(65536, 'y') + "\x1b");
+    EXPECT_EQ(taken, 65536U + 65537U + 65536U);
 }
 
 TEST(JobDecoder, ReadsCopiesOfJobsWithPJLFeatures) {

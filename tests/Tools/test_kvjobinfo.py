@@ -753,6 +753,14 @@ class OptionsTest(unittest.TestCase):
             self.assertEqual(list(option), ["group", "name", "values", "meaning", "default",
                                             "example", "secret"])
 
+    def test_json_keeps_the_letters_of_the_ppd(self):
+        with tempfile.NamedTemporaryFile() as file:
+            file.write(ppd("kv2024c").read_bytes().replace(
+                b"*OpenUI *KVStaple/Staple:", "*OpenUI *KVStaple/Heftgerät:".encode()))
+            file.flush()
+            shown = run("options", "--json", "--ppd", file.name).stdout.decode()
+        self.assertIn('"meaning": "Heftgerät"', shown)
+
     def test_options_of_a_queue(self):
         options = json.loads(run("options", "--json", "--ppd", ppd("kv2024c")).stdout)
         staple = next(option for option in options if option["name"] == "KVStaple")
