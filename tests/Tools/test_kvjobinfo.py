@@ -756,10 +756,11 @@ class OptionsTest(unittest.TestCase):
     def test_json_keeps_the_letters_of_the_ppd(self):
         with tempfile.NamedTemporaryFile() as file:
             file.write(ppd("kv2024c").read_bytes().replace(
-                b"*OpenUI *KVStaple/Staple:", "*OpenUI *KVStaple/Heftgerät:".encode()))
+                b"*OpenUI *KVStaple/Staple:", "*OpenUI *KVStaple/Heftgerät:".encode("latin1")))
             file.flush()
             shown = run("options", "--json", "--ppd", file.name).stdout.decode()
-        self.assertIn('"meaning": "Heftgerät"', shown)
+        self.assertEqual([line.strip() for line in shown.splitlines() if "Heft" in line],
+                         ['"meaning": "Heftgerät",'])
 
     def test_options_of_a_queue(self):
         options = json.loads(run("options", "--json", "--ppd", ppd("kv2024c")).stdout)
