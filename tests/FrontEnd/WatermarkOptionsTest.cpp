@@ -379,6 +379,17 @@ TEST(WatermarkOptions, TheDialogsOwnKeysStayAsTheyAre) {
     EXPECT_EQ(Key(ticket, "Angle"), "absent");
 }
 
+// The code that outlines a text takes 80 bytes of the ticket's 255.
+TEST(WatermarkOptions, HowLongATextMayBe) {
+    const auto said = [](std::size_t letters, const std::string &style) {
+        return Said(Complete("KVWatermark=" + std::string(letters, 'x') +
+                             " KVWatermarkSize=1 KVWatermarkStyle=" + style));
+    };
+    EXPECT_EQ(said(173, "Outline"), "");
+    EXPECT_NE(said(174, "Outline"), "");
+    EXPECT_EQ(said(200, "Filled"), "");
+}
+
 // The ticket's field holds what is left of a text that is too long, and the code around it.
 TEST(WatermarkOptions, ALongTextLosesItsEnd) {
     for (const char *style : {"Outline", "Filled"}) {

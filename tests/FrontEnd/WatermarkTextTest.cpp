@@ -52,6 +52,7 @@ TEST(WatermarkText, LettersOfLatin1AreShown) {
     EXPECT_EQ(GlyphsShown(text), "F udieresis r space Z o edieresis hyphen Eacute ");
     EXPECT_EQ(text.box.right, MeasureText(kFont, "F\xFCr Zo\xEB-\xC9").right);
     EXPECT_LT(text.font.size(), 255U);
+    EXPECT_EQ(Text("a\u00A0b\u00FF").operand, "(a\\240b\\377)");
 }
 
 TEST(WatermarkText, OthersAreLeftOut) {

@@ -58,7 +58,8 @@ TEST(Text, ShowsWhatATerminalWouldObeyByName) {
 }
 
 TEST(Text, TakesOneByteOfWhatIsNoUTF8) {
-    for (const std::string begin : {"\xfc", "\xc3", "\xe6\x97", "\xed\xa0\x80", "\xed\xbf\xbf", "\x80"}) {
+    for (const std::string begin :
+         {"\xfc", "\xc3", "\xe6\x97", "\xed\xa0\x80", "\xed\xbf\xbf", "\x80"}) {
         const std::string bytes = begin + "bc";
         std::string_view text = bytes;
         EXPECT_EQ(TakeCharacter(text), -1);
