@@ -143,7 +143,7 @@ class Bench:
         for pass_, value in (("plain", 0), ("store", 1)):
             (self.folder / f"{pass_}.ppd").write_text(PPD.format(decomposition=value))
 
-    def run(self, mode, tracer=(), faults=(), limit=None):
+    def run(self, mode, tracer=(), faults=(), limit=None, options=OPTIONS):
         """Runs a job behind `tracer` with the environment `faults`; no file grows beyond `limit`.
         Plain CUPS is named by the job, so that it is known even if the PPD cannot be read."""
         place = pathlib.Path(tempfile.mkdtemp(dir=self.folder))
@@ -153,7 +153,7 @@ class Bench:
                        **dict(faults)}
         if mode.copy:
             environment["KVFAULT_COPY"] = "1"
-        options = OPTIONS + (" KVFrontEnd=CUPS" if mode.cups == "on" else "")
+        options += " KVFrontEnd=CUPS" if mode.cups == "on" else ""
         command = [FILTER, "1", "alice", "Grüße", "1", options]
         if tracer:
             command = [*tracer, "-o", str(place / "trace"), "-E", f"LD_PRELOAD={LIBRARY}", *command]
@@ -354,6 +354,18 @@ class FaultsTest(unittest.TestCase):
                               {"KVFAULT_MALLOC": str(number)}) for number in range(first, last + 1)]
                     first = last + 1
         self.check_all(work)
+
+    def test_a_confidential_job_without_memory(self):
+        """It is kept for its owner or not printed, and somebody is told."""
+        mode, said = Mode("plain", "on", False), set()
+        whole = self.bench.run(mode, options="KVPassword=4711")
+        for number in range(1, whole.allocations[-1] + 1):
+            result = self.bench.run(mode, faults={"KVFAULT_MALLOC": str(number)},
+                                    options="KVPassword=4711")
+            said.update(messages(result.errors))
+            if b"%!PS" in result.output:
+                self.assertIn(b'@PJL SET HOLDENCRYPTKEY="4711"\r\n', result.output, number)
+        self.assertIn("ERROR: no memory for the owner and the password of a confidential job", said)
 
     def test_library_calls(self):
         ways = [("getaddrinfo", "fail"), ("getaddrinfo", "hang"), ("gethostname", "fail"),
