@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "support/TicketJob.h"
@@ -109,6 +110,19 @@ TEST(IPPAttributes, CopiesAreCounted) {
     EXPECT_EQ(Copies("", "3", PpdOption("Collate", "False True")), "nocollate 3");
     for (const char *copies : {"", "0", "-2", "many"}) {
         EXPECT_EQ(Copies("", copies), "nocollate 1") << copies;
+    }
+}
+
+TEST(IPPAttributes, CopiesSayWhereTheyComeFrom) {
+    for (const auto &[options, option] :
+         {std::pair("collate", "collate"), std::pair("nocollate", "collate"),
+          std::pair("multiple-document-handling=separate-documents-collated-copies",
+                    "multiple-document-handling"),
+          std::pair("", "Collate")}) {
+        const CompletedTicket ticket = Complete({options, "", "alice", "Report", "3"});
+        const auto entry = std::ranges::find(ticket.entries, "collate", &TicketEntry::key);
+        ASSERT_NE(entry, ticket.entries.end()) << options;
+        EXPECT_EQ(entry->option, option) << options;
     }
 }
 

@@ -71,6 +71,22 @@ TEST(JobDecoder, KnowsNoCountThatNeverComes) {
               "");
 }
 
+TEST(JobDecoder, ReadsTitlesInParentheses) {
+    const struct {
+        const char *comment, *title;
+    } cases[] = {{"(A Report)", "A Report"},
+                 {"A (Report)", "A (Report)"},
+                 {"()", ""},
+                 {"(", "("},
+                 {"(x", "(x"},
+                 {"  (x)  ", "x"}};
+    for (const auto &test : cases) {
+        const Decoded decoded(kHeader + kSwitch + "%!\n%%Title: " + test.comment + "\n\x04" +
+                              kTrailer);
+        EXPECT_EQ(decoded.job.document.title, test.title);
+    }
+}
+
 TEST(JobDecoder, TakesAJobApart) {
     for (const std::size_t step : {0U, 1U, 7U, 1000U}) {
         const Decoded decoded(kJob, step);
