@@ -18,19 +18,3 @@ int StrNotContainCampareFunc(const void *value, const void *reference);  // does
 // `value` is a NUL-terminated text or null, `reference` is not looked at.
 int StrNoNULLCampareFunc(const void *value, const void *reference);  // not empty
 int StrIsNULLCampareFunc(const void *value, const void *reference);  // empty
-
-// The name of each test, for tools that explain a command.
-struct CompareFuncName {
-    CompareFunc compareFunc;
-    const char *name;     // as above
-    const char *meaning;  // "equals"
-};
-inline constexpr CompareFuncName compareFuncNames[] = {
-    {IntCampareFunc, "IntCampareFunc", "equals"},
-    {IntNoEqualCampareFunc, "IntNoEqualCampareFunc", "differs from"},
-    {StrEqualCampareFunc, "StrEqualCampareFunc", "equals"},
-    {StrContainCampareFunc, "StrContainCampareFunc", "contains"},
-    {StrNotContainCampareFunc, "StrNotContainCampareFunc", "does not contain"},
-    {StrNoNULLCampareFunc, "StrNoNULLCampareFunc", "is given"},
-    {StrIsNULLCampareFunc, "StrIsNULLCampareFunc", "is empty"},
-};

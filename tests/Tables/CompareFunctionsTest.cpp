@@ -63,18 +63,4 @@ TEST(CompareFunctions, AMissingTextIsEmpty) {
     EXPECT_EQ(StrIsNULLCampareFunc(nullptr, nullptr), 1);
 }
 
-TEST(CompareFunctions, EachHasANameAndAMeaning) {
-    std::set<CompareFunc> functions;
-    std::set<std::string> names;
-    for (const CompareFuncName &known : compareFuncNames) {
-        EXPECT_TRUE(functions.insert(known.compareFunc).second) << known.name;
-        EXPECT_TRUE(names.insert(known.name).second) << known.name;
-        EXPECT_STRNE(known.meaning, "") << known.name;
-    }
-    EXPECT_EQ(names, (std::set<std::string>{"IntCampareFunc", "IntNoEqualCampareFunc",
-                                            "StrEqualCampareFunc", "StrContainCampareFunc",
-                                            "StrNotContainCampareFunc", "StrNoNULLCampareFunc",
-                                            "StrIsNULLCampareFunc"}));
-}
-
 }  // namespace

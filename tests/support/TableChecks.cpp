@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <set>
 #include <string>
 
@@ -23,11 +25,11 @@ void ExpectNamed(const CommandValue &value) {
     EXPECT_NE(value.pointer, nullptr) << value.name;
 }
 
-bool HasName(CompareFunc function) {
-    for (const CompareFuncName &known : compareFuncNames) {
-        if (known.compareFunc == function) return true;
-    }
-    return false;
+bool IsKnown(CompareFunc function) {
+    constexpr CompareFunc kKnown[] = {
+        IntCampareFunc,           IntNoEqualCampareFunc, StrEqualCampareFunc, StrContainCampareFunc,
+        StrNotContainCampareFunc, StrNoNULLCampareFunc,  StrIsNULLCampareFunc};
+    return std::ranges::find(kKnown, function) != std::end(kKnown);
 }
 
 }  // namespace
@@ -50,7 +52,7 @@ void ExpectRows(std::span<const PrtFmtEntry> table, const std::vector<CommandRul
             const ComparationItem &item = row.comparationPara->items[k];
             ExpectNamed(item.value);
             ExpectNamed(item.reference);
-            EXPECT_TRUE(HasName(item.compareFunc));
+            EXPECT_TRUE(IsKnown(item.compareFunc));
         }
     }
 }

@@ -85,26 +85,6 @@ TicketGetterFunction GetTicketStringConvertedToPPDEncodingString;
 TicketGetterFunction GetNumberUpTicketString;
 TicketGetterFunction GetNumberUpTicketStringForComment;
 
-// The name of each getter, for tools that explain a ticket.
-struct TicketGetterName {
-    TicketGetter getter;
-    const char *name;     // as above
-    const char *meaning;  // "integer"
-};
-// clang-format off
-inline constexpr TicketGetterName ticketGetterNames[] = {
-    {CheckTicketKey,                              "CheckTicketKey",                              "1 if the key is absent"},
-    {GetTicketInteger,                            "GetTicketInteger",                            "integer"},
-    {GetTicketFloat,                              "GetTicketFloat",                              "floating number"},
-    {GetTicketString,                             "GetTicketString",                             "text"},
-    {GetTicketStringConvertedToPrtLang,           "GetTicketStringConvertedToPrtLang",           "text, decoded"},
-    {GetTicketStringConvertedToPrtLangForUTF8,    "GetTicketStringConvertedToPrtLangForUTF8",    "text in UTF-8, decoded"},
-    {GetTicketStringConvertedToPPDEncodingString, "GetTicketStringConvertedToPPDEncodingString", "text in parentheses, decoded"},
-    {GetNumberUpTicketString,                     "GetNumberUpTicketString",                     "pages on a sheet, \"N4\""},
-    {GetNumberUpTicketStringForComment,           "GetNumberUpTicketStringForComment",           "pages on a sheet, \"4\""},
-};
-// clang-format on
-
 // Decodes in place a slash-coded text ("/72/105" is "Hi"), in a buffer of `size` bytes.
 void numstrtochar(char *text, std::int32_t size);
 

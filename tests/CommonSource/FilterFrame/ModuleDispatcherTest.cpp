@@ -23,6 +23,15 @@ namespace {
 // ---- Tables
 
 TEST(ModuleDispatcher, EveryTicketRowIsWhole) {
+    constexpr TicketGetter getters[] = {CheckTicketKey,
+                                        GetTicketInteger,
+                                        GetTicketFloat,
+                                        GetTicketString,
+                                        GetTicketStringConvertedToPrtLang,
+                                        GetTicketStringConvertedToPrtLangForUTF8,
+                                        GetTicketStringConvertedToPPDEncodingString,
+                                        GetNumberUpTicketString,
+                                        GetNumberUpTicketStringForComment};
     for (const TicketTable &table : TicketTables()) {
         EXPECT_FALSE(table.rows.empty()) << table.title;
         for (const ticketData &row : table.rows) {
@@ -30,9 +39,7 @@ TEST(ModuleDispatcher, EveryTicketRowIsWhole) {
             EXPECT_STRNE(row.key, "");
             EXPECT_STRNE(row.values, "");
             EXPECT_STRNE(row.meaning, "");
-            EXPECT_TRUE(std::any_of(
-                std::begin(ticketGetterNames), std::end(ticketGetterNames),
-                [&](const TicketGetterName &known) { return known.getter == row.getter; }));
+            EXPECT_NE(std::ranges::find(getters, row.getter), std::end(getters));
             EXPECT_EQ(row.size > 0, row.destination != nullptr);
             EXPECT_EQ(*row.field != '\0', row.destination != nullptr);
         }
