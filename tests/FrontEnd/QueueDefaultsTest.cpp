@@ -173,6 +173,10 @@ TEST(QueueDefaults, WhatAClientSentByDefaultBeatsNobody) {
               "Color");
 }
 
+TEST(QueueDefaults, WhatTheJobNamesBeatsWhatItsAttributesStandFor) {
+    EXPECT_EQ(Of("Duplex=None sides=two-sided-long-edge", kDuplex, "Duplex"), "None");
+}
+
 TEST(QueueDefaults, ConflictsAreResolved) {
     const std::string lines = kStaple + kMedia + kNoGlossyStaple;
     const CompletedTicket both = Complete({"KVStaple=LeftDouble MediaType=Glossy", lines});

@@ -205,6 +205,9 @@ TEST(ShortOptions, TextsBecomeKeys) {
     EXPECT_EQ(Caused(named, "KVAccountID"), "JBAAccountIDTextEditTicket=47/11");
     EXPECT_EQ(Caused(named, "KVStorageID"), "JBAStorageIDTextEditTicket=box");
     EXPECT_EQ(Caused(named, "KVStoragePassword"), "JBAStoragePasswordTextEditTicket=p");
+    const CompletedTicket dialogs =
+        Complete({"KVStoragePassword=p " KV_TICKET "JBAStorageIDTextEditTicket=box"});
+    EXPECT_EQ(Caused(dialogs, "KVStoragePassword"), "JBAStoragePasswordTextEditTicket=p");
 
     const CompletedTicket alone = Complete({"KVAccountPassword=sword"});
     EXPECT_EQ(Caused(alone, "KVAccountPassword"),

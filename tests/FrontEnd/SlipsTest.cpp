@@ -26,6 +26,7 @@ TEST(Slips, DistanceCountsLetters) {
         EXPECT_EQ(SlipDistance(a, b), distance) << a << " " << b;
         EXPECT_EQ(SlipDistance(b, a), distance) << b << " " << a;
     }
+    EXPECT_EQ(SlipDistance(std::string(40, 'x'), std::string(40, 'x')), 0U) << "as long as any";
     EXPECT_GT(SlipDistance(std::string(41, 'x'), std::string(41, 'x')), 2U) << "too long to be one";
 }
 

@@ -233,6 +233,14 @@ problems
         self.assertEqual(max(map(len, shown.decode().splitlines())), 40)
         self.assertNotIn(b"\x1b", shown)  # a terminal of no kind has no colours
 
+    def test_columns_are_asked_before_the_terminal(self):
+        leader, follower = pty.openpty()
+        fcntl.ioctl(follower, termios.TIOCSWINSZ, struct.pack("HHHH", 24, 40, 0, 0))
+        subprocess.run([TOOL, "show"], input=JOB, stdout=follower, check=True,
+                       env={"LC_ALL": "C", "COLUMNS": "60"})
+        os.close(follower)
+        self.assertIn(max(map(len, shown_on(leader).decode().splitlines())), range(41, 61))
+
     def test_slow_input_is_counted_on_a_terminal(self):
         leader, follower = pty.openpty()
         begin = time.monotonic()
