@@ -175,6 +175,14 @@ TEST(QueueDefaults, WhatAClientSentByDefaultBeatsNobody) {
 
 TEST(QueueDefaults, WhatTheJobNamesBeatsWhatItsAttributesStandFor) {
     EXPECT_EQ(Of("Duplex=None sides=two-sided-long-edge", kDuplex, "Duplex"), "None");
+    const std::string presets =
+        "*APPrinterPreset grey/Grey: \"*KVColorMode Black com.apple.print.preset.quality mid "
+        "com.apple.print.preset.output-mode monochrome\"\n"
+        "*APPrinterPreset best/Best: \"*KVColorMode Gray com.apple.print.preset.quality high "
+        "com.apple.print.preset.output-mode color\"\n";
+    EXPECT_EQ(Of("KVColorMode=Color print-color-mode=monochrome", kColor + presets, "KVColorMode"),
+              "Color");
+    EXPECT_EQ(Of("KVColorMode=Color print-quality=5", kColor + presets, "KVColorMode"), "Color");
 }
 
 TEST(QueueDefaults, ConflictsAreResolved) {
