@@ -51,6 +51,14 @@ constexpr char kDialog[] = KV_TICKET;
 
 }  // namespace
 
+TEST(PrintMode, NamesOf192BytesFit) {
+    const auto said = [](std::size_t letters) {
+        return Said(Complete({"KVPrintMode=Sample KVJobName=" + std::string(letters, 'x')}));
+    };
+    EXPECT_EQ(said(192), "");
+    EXPECT_NE(said(193), "");
+}
+
 TEST(PrintMode, IsWhatWasChosen) {
     EXPECT_EQ(PrintType(""), "");
     EXPECT_EQ(PrintType("KVPrintMode=Normal"), "type 1");

@@ -175,6 +175,12 @@ TEST(QueueDefaults, WhatAClientSentByDefaultBeatsNobody) {
 
 TEST(QueueDefaults, WhatTheJobNamesBeatsWhatItsAttributesStandFor) {
     EXPECT_EQ(Of("Duplex=None sides=two-sided-long-edge", kDuplex, "Duplex"), "None");
+    const std::string noGlossyDuplex =
+        "*UIConstraints: *Duplex DuplexNoTumble *MediaType Glossy\n"
+        "*UIConstraints: *MediaType Glossy *Duplex DuplexNoTumble\n";
+    EXPECT_EQ(Said(Complete({"MediaType=Glossy Duplex=None sides=two-sided-long-edge",
+                             kDuplex + kMedia + noGlossyDuplex})),
+              "");
     const std::string presets =
         "*APPrinterPreset grey/Grey: \"*KVColorMode Black com.apple.print.preset.quality mid "
         "com.apple.print.preset.output-mode monochrome\"\n"
