@@ -189,6 +189,12 @@ TEST(QueueDefaults, WhatTheJobNamesBeatsWhatItsAttributesStandFor) {
     EXPECT_EQ(Of("KVColorMode=Color print-color-mode=monochrome", kColor + presets, "KVColorMode"),
               "Color");
     EXPECT_EQ(Of("KVColorMode=Color print-quality=5", kColor + presets, "KVColorMode"), "Color");
+    const std::string noGlossyBlack =
+        "*UIConstraints: *KVColorMode Black *MediaType Glossy\n"
+        "*UIConstraints: *MediaType Glossy *KVColorMode Black\n";
+    EXPECT_EQ(Said(Complete({"MediaType=Glossy KVColorMode=Color print-color-mode=monochrome",
+                             kColor + kMedia + presets + noGlossyBlack})),
+              "");
 }
 
 TEST(QueueDefaults, ConflictsAreResolved) {
