@@ -73,10 +73,10 @@ TEST(IPPAttributes, LayoutIsTheDialogs) {
 TEST(IPPAttributes, PagesOnASheetHaveRowsAndColumnsWherePstopsLaysThemOut) {
     const struct {
         const char *pages, *rows, *columns;
-    } kGrids[] = {{"1", "absent", "absent"}, {"2", "1", "2"},    {"3", "1", "3"}, {"4", "2", "2"},
-                  {"6", "2", "3"},           {"8", "2", "4"},    {"9", "3", "3"}, {"16", "4", "4"},
-                  {"0", "absent", "absent"}, {"300", "15", "20"}, {"256", "16", "16"},
-                  {"289", "1", "289"}};
+    } kGrids[] = {{"1", "absent", "absent"}, {"2", "1", "2"},     {"3", "1", "3"},
+                  {"4", "2", "2"},           {"6", "2", "3"},     {"8", "2", "4"},
+                  {"9", "3", "3"},           {"16", "4", "4"},    {"0", "absent", "absent"},
+                  {"300", "15", "20"},       {"256", "16", "16"}, {"289", "1", "289"}};
     unsetenv("CONTENT_TYPE");
     for (const auto &[pages, rows, columns] : kGrids) {
         const std::string options = std::string("number-up=") + pages;
