@@ -53,6 +53,11 @@ TEST(IPPAttributes, OrientationIsTheDialogs) {
     for (const auto &[options, value] : kOrientations) {
         EXPECT_EQ(Of(options, "orientation-requested"), value) << options;
     }
+    const CompletedTicket turned = Complete({"landscape"});
+    const auto entry =
+        std::ranges::find(turned.entries, "orientation-requested", &TicketEntry::key);
+    ASSERT_NE(entry, turned.entries.end());
+    EXPECT_EQ(entry->option, "landscape");
 }
 
 TEST(IPPAttributes, LayoutIsTheDialogs) {
