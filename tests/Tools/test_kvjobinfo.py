@@ -476,6 +476,12 @@ class PageTest(unittest.TestCase):
         self.assertTrue(all(picture[:8] == b"\x89PNG\r\n\x1a\n" for picture in pictures))
         self.assertEqual([path.name for path in self.picture.parent.iterdir()], ["100%d page.png"])
 
+    def test_a_document_that_ends_before_its_bytes(self):
+        document = b"%!\nquit\n" + b"0 0 moveto\n" * 100000
+        done = self.render(HEADER + document + b"\x04" + TRAILER, 1)
+        self.assertEqual((done.returncode, done.stdout), (2, b""))
+        self.assertIn(b"there is no page 1", done.stderr)
+
     def test_size_of_a_page(self):
         document = b"%!\n<</PageSize[400 300]>>setpagedevice showpage\n\x04"
         self.assertEqual(self.render(HEADER + document + TRAILER, 1).returncode, 0)
