@@ -15,6 +15,7 @@
 #include <thread>
 #include <vector>
 
+#include "CommonSource/CoreFoundation/CFObject.h"
 #include "support/ResolverInPlace.h"
 #include "support/SocketAddresses.h"
 
@@ -120,6 +121,23 @@ void LetTheAnswerCome() {
 }
 
 }  // namespace
+
+TEST(CFHost, KeepsItsRunLoopWhileItIsScheduled) {
+    const CFRunLoopRef loop = CFRunLoopGetCurrent();
+    const auto references = [loop] {
+        return static_cast<const CFObject *>(static_cast<CFTypeRef>(loop))->references.load();
+    };
+    const CFIndex before = references();
+    {
+        Client client("localhost");
+        EXPECT_EQ(references(), before + 1);
+        CFHostScheduleWithRunLoop(client.host, loop, kCFRunLoopCommonModes);
+        EXPECT_EQ(references(), before + 1) << "scheduled again";
+        client.Unschedule();
+        EXPECT_EQ(references(), before);
+    }
+    EXPECT_EQ(references(), before);
+}
 
 TEST(CFHost, DeliversTheAddressesInOrder) {
     const ResolverInPlace resolver(FindTwo, kLong);
