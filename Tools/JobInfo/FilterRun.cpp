@@ -40,7 +40,8 @@ struct Streams {
             if (stream) std::fclose(stream);  // GCOVR_EXCL_BR_LINE: fault
         }
     }
-    void MakeTheProcesssOwn() const {
+    // Makes them the process's own.
+    void TakePlace() const {
         for (int i = 0; i < 3; i++) dup2(fileno(file[i]), i);
     }
 };
@@ -86,7 +87,7 @@ void Start(const Variation &variation, Trial &trial) {
     if (trial.child < 0) trial.error = errno;  // GCOVR_EXCL_BR_LINE: fault
     if (trial.child != 0) return;
     if (!variation.withoutDefault.empty()) ForgetDefault(variation.withoutDefault);
-    trial.streams.MakeTheProcesssOwn();
+    trial.streams.TakePlace();
     _exit(Run(variation.job));
 }
 
@@ -122,7 +123,7 @@ FilterRun RunHere(const PlannedJob &job) {
     std::fflush(stdout);
     int saved[3];
     for (int i = 0; i < 3; i++) saved[i] = dup(i);
-    streams.MakeTheProcesssOwn();
+    streams.TakePlace();
     const int status = Run(job);
     for (int i = 0; i < 3; i++) {
         dup2(saved[i], i);

@@ -42,9 +42,9 @@ class Progress {
         next_ = now + std::chrono::milliseconds(500);
         hasWritten_ = true;
         std::fprintf(stderr, "\r%llu MB", static_cast<unsigned long long>(read_ / kMegabyte));
-        if (size_ > 0) {  // GCOVR_EXCL_START: only a file too large for a test takes a second
+        if (size_ > 0) {
             std::fprintf(stderr, " of %llu", static_cast<unsigned long long>(size_ / kMegabyte));
-        }  // GCOVR_EXCL_STOP
+        }
     }
 
   private:
